@@ -1,0 +1,61 @@
+# How a room of the house becomes a target: one static library, linked downwards only.
+
+find_program(HALVORNE_CCACHE ccache)
+if(HALVORNE_CCACHE AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${HALVORNE_CCACHE})
+endif()
+
+if(HALVORNE_TIDY)
+  find_program(HALVORNE_CLANG_TIDY NAMES clang-tidy-14 clang-tidy REQUIRED)
+  # A digest of the checks is part of each command, so a change of them looks at all files anew.
+  file(SHA256 ${PROJECT_SOURCE_DIR}/.clang-tidy HALVORNE_TIDY_CHECKS)
+  set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${PROJECT_SOURCE_DIR}/.clang-tidy)
+  set(CMAKE_CXX_CLANG_TIDY
+      ${HALVORNE_CLANG_TIDY} --quiet --extra-arg=-DHALVORNE_TIDY_CHECKS=${HALVORNE_TIDY_CHECKS})
+endif()
+
+add_library(halvorne_options INTERFACE)
+target_compile_options(halvorne_options INTERFACE
+  -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wno-sign-conversion -Werror -ffp-contract=off)
+if(HALVORNE_SANITIZE)
+  target_compile_options(halvorne_options INTERFACE
+    -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(halvorne_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# halvorne_room(<name> SOURCES <file>... [LINKS <target>...])
+# Makes the library Halvorne::<name> from the files beside it.
+function(halvorne_room name)
+  cmake_parse_arguments(ROOM "" "" "SOURCES;LINKS" ${ARGN})
+  add_library(halvorne_${name} STATIC ${ROOM_SOURCES})
+  add_library(Halvorne::${name} ALIAS halvorne_${name})
+  target_include_directories(halvorne_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
+  target_link_libraries(halvorne_${name} PUBLIC ${ROOM_LINKS} PRIVATE halvorne_options)
+endfunction()
+
+# The folder that a program is started from: the programs and a writable copy of share/.
+set(HALVORNE_PROGRAM_FOLDER ${PROJECT_BINARY_DIR}/program)
+
+# halvorne_program(<name> SOURCES <file>... LINKS <target>...)
+# Makes a program that stands in the program folder; the target `programs` builds all of them.
+function(halvorne_program name)
+  cmake_parse_arguments(PROGRAM "" "" "SOURCES;LINKS" ${ARGN})
+  add_executable(${name} ${PROGRAM_SOURCES})
+  target_link_libraries(${name} PRIVATE ${PROGRAM_LINKS} halvorne_options)
+  set_target_properties(${name} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${HALVORNE_PROGRAM_FOLDER})
+  add_dependencies(programs ${name})
+endfunction()
+add_custom_target(programs)
+
+# halvorne_test(<name> SOURCES <file>... LINKS <target>... [LABELS <label>...])
+# Makes the GoogleTest program test_<name>; ctest sees each of its tests.
+function(halvorne_test name)
+  cmake_parse_arguments(TEST "" "" "SOURCES;LINKS;LABELS" ${ARGN})
+  add_executable(test_${name} ${TEST_SOURCES})
+  target_include_directories(test_${name} PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+  target_link_libraries(test_${name} PRIVATE ${TEST_LINKS} GTest::gmock GTest::gtest_main halvorne_options)
+  target_compile_definitions(test_${name} PRIVATE
+    HALVORNE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" HALVORNE_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
+    ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C" LABELS "${TEST_LABELS}")
+endfunction()

@@ -1,0 +1,236 @@
+#include "persistence/value_reader.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <charconv>
+#include <cstdio>
+#include <filesystem>
+#include <system_error>
+
+#include "persistence/file_failure.h"
+#include "platform/failure.h"
+#include "platform/numbers.h"
+
+namespace halvorne {
+namespace {
+
+constexpr std::uintmax_t kMostBytes = std::uintmax_t{64} << 20;
+constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
+
+bool IsDigit(char c) {
+  return c >= '0' && c <= '9';
+}
+bool IsBlank(char c) {
+  return c == ' ' || c == '\t';
+}
+bool IsLineEnd(char c) {
+  return c == '\r' || c == '\n';
+}
+bool IsSeparator(char c) {
+  return c == ',' || IsLineEnd(c);
+}
+
+struct FileCloser {
+  void operator()(std::FILE* file) const { std::fclose(file); }
+};
+
+/// Bytes worth making room for. Devices and pipes tell no size; their room costs nothing until it
+/// is filled.
+std::size_t Room(const std::string& fileName) {
+  std::error_code unknown;
+  const std::uintmax_t size = std::filesystem::file_size(fileName, unknown);
+  return static_cast<std::size_t>(unknown || size == 0 ? kMostBytes : std::min(size, kMostBytes));
+}
+
+/// Reads digits with at most one point among them and no exponent, 15 digits at most, and a
+/// separator behind them: most of a design file. Whole number and power of ten are exact, so their
+/// quotient is the nearest number, the same as from_chars has.
+/// @param at  text that ends in a NUL
+/// @return    the separator, null when the text has another form
+const char* ReadPlainDecimal(const char* at, double& value) {
+  static constexpr double powers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+  const bool negative = *at == '-';
+  at += negative ? 1 : 0;
+  std::int64_t whole = 0;
+  int digits = 0;
+  int behind = 0;
+  bool point = false;
+  for (;; ++at) {
+    if (IsDigit(*at)) {
+      if (++digits > 15) {
+        return nullptr;
+      }
+      whole = whole * 10 + (*at - '0');
+      behind += point ? 1 : 0;
+    } else if (*at == '.' && !point) {
+      point = true;
+    } else {
+      break;
+    }
+  }
+  if (digits == 0 || !IsSeparator(*at)) {
+    return nullptr;
+  }
+  const double magnitude = static_cast<double>(whole) / powers[behind];
+  value = negative ? -magnitude : magnitude;
+  return at;
+}
+
+/// True for a decimal number whose magnitude is 1 or more.
+bool AtLeastOne(std::string_view number) {
+  const std::size_t mark = std::min(number.find_first_of("eE"), number.size());
+  const std::string_view digits = number.substr(0, mark);
+  const std::size_t point = std::min(digits.find('.'), digits.size());
+  const std::size_t leading = digits.find_first_of("123456789");
+  const double place = leading < point ? static_cast<double>(point - leading) - 1
+                                       : -static_cast<double>(leading - point);
+  const bool negative =
+      number.substr(mark).starts_with("e-") || number.substr(mark).starts_with("E-");
+  const std::size_t sign = number.find_first_of("0123456789", mark);
+  double exponent = 0;
+  for (std::size_t i = sign; i < number.size(); ++i) {
+    exponent = exponent * 10 + (number[i] - '0');
+  }
+  return place + (negative ? -exponent : exponent) >= 0;
+}
+
+}  // namespace
+
+ValueReader::ValueReader(const std::string& fileName) {
+  const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(fileName.c_str(), "rb"));
+  if (!file) {
+    RaiseFileFailure(errno, fileName);
+  }
+  const std::size_t room = Room(fileName);
+  bytes_ = std::make_unique_for_overwrite<char[]>(room + 1);
+  const std::size_t size = std::fread(bytes_.get(), 1, room, file.get());
+  if (std::ferror(file.get()) != 0) {
+    RaiseFileFailure(errno, fileName);
+  }
+  bytes_[size] = '\0';
+  at_ = bytes_.get();
+  end_ = at_ + size;
+  if (std::string_view(at_, size).starts_with(kByteOrderMark)) {
+    at_ += kByteOrderMark.size();
+  }
+}
+
+void ValueReader::SkipToValue() {
+  while (at_ != end_ && (IsBlank(*at_) || IsLineEnd(*at_))) {
+    ++at_;
+  }
+  if (at_ == end_) {
+    throw Failure(failure_number::kInputPastEnd);
+  }
+}
+
+/// Steps over blanks and one separator. False when something else stands there.
+bool ValueReader::TakeSeparator() {
+  while (at_ != end_ && IsBlank(*at_)) {
+    ++at_;
+  }
+  if (at_ == end_) {
+    return true;
+  }
+  if (!IsSeparator(*at_)) {
+    return false;
+  }
+  ++at_;
+  return true;
+}
+
+std::string_view ValueReader::TakeField() {
+  const bool quoted = *at_ == '"';
+  const char* const begin = quoted ? at_ + 1 : at_;
+  const char* const end =
+      quoted ? std::find(begin, end_, '"') : std::find_if(begin, end_, IsSeparator);
+  if (quoted && end == end_) {
+    at_ = end_;
+    throw Failure(failure_number::kInputPastEnd);
+  }
+  at_ = std::find_if(end, end_, IsSeparator);
+  TakeSeparator();
+  return {begin, end};
+}
+
+void ValueReader::RefuseField() {
+  TakeField();
+  RaiseTypeMismatch();
+}
+
+void ValueReader::Label(std::string_view /*words*/) {
+  SkipToValue();
+  TakeField();
+}
+
+void ValueReader::Read(std::string& value) {
+  SkipToValue();
+  value = TakeField();
+}
+
+void ValueReader::Read(double& value) {
+  SkipToValue();
+  if (const char* const separator = ReadPlainDecimal(at_, value)) {
+    at_ = separator + 1;
+    return;
+  }
+  const char* const begin = at_;
+  const char* const digits = begin + (*begin == '+' || *begin == '-' ? 1 : 0);
+  // from_chars takes no plus sign, and it would take "inf" and "nan".
+  if (digits == end_ || !(IsDigit(*digits) || *digits == '.')) {
+    RefuseField();
+  }
+  double number = 0;
+  const auto [stop, error] = std::from_chars(*begin == '+' ? digits : begin, end_, number);
+  at_ = stop;
+  if (error == std::errc::invalid_argument || !TakeSeparator()) {
+    at_ = begin;
+    RefuseField();
+  }
+  if (error == std::errc::result_out_of_range && AtLeastOne({digits, stop})) {
+    RaiseOverflow();
+  }
+  value = number;
+}
+
+void ValueReader::Read(float& value) {
+  double number = 0;
+  Read(number);
+  value = ToSingle(number);
+}
+
+void ValueReader::Read(std::int16_t& value) {
+  double number = 0;
+  Read(number);
+  value = ToInt16(number);
+}
+
+void ValueReader::Read(std::int32_t& value) {
+  double number = 0;
+  Read(number);
+  value = ToInt32(number);
+}
+
+void ValueReader::Read(bool& value) {
+  SkipToValue();
+  if (*at_ != '#') {
+    double number = 0;
+    Read(number);
+    if (number != 0 && number != -1) {
+      RaiseTypeMismatch();
+    }
+    value = number != 0;
+    return;
+  }
+  std::string_view word = TakeField();
+  while (IsBlank(word.back())) {
+    word.remove_suffix(1);
+  }
+  if (word != "#TRUE#" && word != "#FALSE#") {
+    RaiseTypeMismatch();
+  }
+  value = word == "#TRUE#";
+}
+
+}  // namespace halvorne

@@ -1,0 +1,53 @@
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+
+namespace halvorne {
+
+/// Reads a text file of values, one after the other.
+///
+/// A value ends at a comma or a line end of any kind (LF, CR, CR LF), a quoted text at its closing
+/// quote; what else stands before the next separator is dropped. Blanks, tabs, line ends and a
+/// byte-order mark before a value are skipped. A value that fails is used up and leaves its target
+/// as it was. Raises 62 at the end of the file, 13 for what is no value of the kind asked for,
+/// 6 for one that does not fit.
+class ValueReader {
+ public:
+  /// Takes in the whole file, of which no more than 64 MiB is looked at. Raises 53, 70, 75 or 76.
+  explicit ValueReader(const std::string& fileName);
+
+  /// Reads the next values, in order.
+  template <class... Value>
+  void Line(Value&... values) {
+    (Read(values), ...);
+  }
+
+  /// Reads a text that means nothing; never compared with the words that belong there.
+  void Label(std::string_view words);
+
+  /// Bytes between double quotes, or up to a comma or line end.
+  void Read(std::string& value);
+  /// Any decimal form with or without sign, zero before the point and exponent; "." whatever the
+  /// locale. An integer rounds half to even.
+  void Read(double& value);
+  void Read(float& value);
+  void Read(std::int16_t& value);
+  void Read(std::int32_t& value);
+  /// #TRUE#, #FALSE#, -1 or 0.
+  void Read(bool& value);
+
+ private:
+  void SkipToValue();
+  bool TakeSeparator();
+  std::string_view TakeField();
+  [[noreturn]] void RefuseField();
+
+  std::unique_ptr<char[]> bytes_;
+  const char* at_ = nullptr;
+  const char* end_ = nullptr;
+};
+
+}  // namespace halvorne

@@ -1,0 +1,96 @@
+#include "persistence/value_writer.h"
+
+#include <cerrno>
+
+#include "persistence/file_failure.h"
+#include "platform/failure.h"
+#include "platform/number_text.h"
+
+namespace halvorne {
+namespace {
+
+constexpr std::size_t kBlock = std::size_t{64} << 10;
+
+}  // namespace
+
+ValueWriter::ValueWriter(const std::string& fileName)
+    : fileName_(fileName), file_(std::fopen(fileName.c_str(), "wb")) {
+  if (file_ == nullptr) {
+    RaiseFileFailure(errno, fileName_);
+  }
+  std::setvbuf(file_, nullptr, _IONBF, 0);  // blocks are made here
+  text_.reserve(kBlock + kBlock / 4);
+}
+
+ValueWriter::~ValueWriter() {
+  CloseFile();
+}
+
+void ValueWriter::Close() {
+  CloseFile();
+  if (error_ != 0) {
+    RaiseFileFailure(error_, fileName_);
+  }
+}
+
+void ValueWriter::Texts(std::initializer_list<std::string> values) {
+  for (const std::string& value : values) {
+    Write(value);
+    text_ += ',';
+  }
+  text_.pop_back();
+  EndLine();
+}
+
+void ValueWriter::Write(std::string_view value) {
+  text_ += '"';
+  text_ += value;
+  text_ += '"';
+}
+
+void ValueWriter::Write(double value) {
+  char digits[kNumberTextMax];
+  text_.append(digits, WriteNumber(digits, Finite(value)));
+}
+
+void ValueWriter::Write(float value) {
+  Finite(value);
+  char digits[kNumberTextMax];
+  text_.append(digits, WriteNumber(digits, value));
+}
+
+void ValueWriter::Write(std::int32_t value) {
+  text_ += std::to_string(value);
+}
+
+void ValueWriter::Write(bool value) {
+  text_ += value ? "#TRUE#" : "#FALSE#";
+}
+
+void ValueWriter::EndLine() {
+  text_ += "\r\n";
+  if (text_.size() >= kBlock) {
+    HandOver();
+  }
+}
+
+void ValueWriter::HandOver() noexcept {
+  // After a refusal nothing more is tried, so that a file never has a hole in its middle.
+  if (error_ == 0 && std::fwrite(text_.data(), 1, text_.size(), file_) != text_.size()) {
+    error_ = errno;
+  }
+  text_.clear();
+}
+
+void ValueWriter::CloseFile() noexcept {
+  if (file_ == nullptr) {
+    return;
+  }
+  HandOver();
+  if (std::fclose(file_) != 0 && error_ == 0) {
+    error_ = errno;
+  }
+  file_ = nullptr;
+}
+
+}  // namespace halvorne

@@ -1,0 +1,60 @@
+#pragma once
+
+#include <cstdint>
+#include <cstdio>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace halvorne {
+
+/// Writes a text file of values: those of one line separated by single commas, lines ended by
+/// CR LF, texts in double quotes with their bytes as they are, truth values as #TRUE#, #FALSE#.
+///
+/// What the disk refuses is told once, by Close. Whatever was written before a failure stays.
+class ValueWriter {
+ public:
+  /// Creates or empties the file. Raises 70, 75 or 76.
+  explicit ValueWriter(const std::string& fileName);
+  /// Hands over what is left, in silence.
+  ~ValueWriter();
+  ValueWriter(const ValueWriter&) = delete;
+  ValueWriter& operator=(const ValueWriter&) = delete;
+
+  /// Writes one line. A number that is infinite or none raises 6.
+  template <class First, class... Rest>
+  void Line(const First& first, const Rest&... rest) {
+    Write(first);
+    ((text_ += ',', Write(rest)), ...);
+    EndLine();
+  }
+
+  /// Writes a line of texts, at least one.
+  void Texts(std::initializer_list<std::string> values);
+
+  /// Writes a text alone on its line.
+  void Label(std::string_view words) { Line(words); }
+
+  /// Hands over what is left and closes. Raises 70 or 75 when any part of the file could not be
+  /// written.
+  void Close();
+
+ private:
+  void Write(std::string_view value);
+  void Write(const char* value) { Write(std::string_view(value)); }
+  void Write(double value);
+  void Write(float value);
+  void Write(std::int16_t value) { Write(std::int32_t{value}); }
+  void Write(std::int32_t value);
+  void Write(bool value);
+  void EndLine();
+  void HandOver() noexcept;
+  void CloseFile() noexcept;
+
+  std::string fileName_;
+  std::FILE* file_;
+  std::string text_;  ///< lines not yet handed over
+  int error_ = 0;     ///< errno of the first refusal
+};
+
+}  // namespace halvorne

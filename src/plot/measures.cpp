@@ -1,0 +1,109 @@
+#include "plot/measures.h"
+
+#include <array>
+#include <cmath>
+
+#include "platform/failure.h"
+#include "platform/number_text.h"
+#include "platform/numbers.h"
+#include "plot/conversions.h"
+
+namespace halvorne {
+namespace {
+
+/// Shares of the largest value at which widths are taken.
+constexpr std::array<float, 3> kLevels{0.5F, 0.1F, 0.01F};
+
+std::string LevelText(float level, std::int16_t dBFactor) {
+  return Format(log10(level) * dBFactor, "0");
+}
+
+/// Frequency of a fractional point in display units.
+float DisplayFrequency(float point) {
+  return ToSingle(Quotient(point * design.FreqStep + design.FreqStart, design.FreqScale));
+}
+
+}  // namespace
+
+void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t last, float level,
+                float& lower, float& upper) try {
+  const auto between = [&](double point) { return first < point && point < last; };
+
+  lower = ToSingle(last);
+  for (std::int32_t i = first; i <= last; ++i) {
+    if (ToSingle(array(i)) > level) {
+      lower = ToSingle(i);
+      break;
+    }
+  }
+  if (between(lower)) {
+    const auto inside = static_cast<long>(lower);
+    const double outer = array(inside - 1);
+    lower = ToSingle(Quotient(level - outer, array(inside) - outer) + lower - 1);
+  }
+
+  upper = ToSingle(first);
+  for (std::int32_t i = last; i >= first; --i) {
+    if (ToSingle(array(i)) > level) {
+      upper = ToSingle(i);
+      break;
+    }
+  }
+  if (between(upper)) {
+    const auto inside = static_cast<long>(upper);
+    const double inner = array(inside);
+    upper = ToSingle(Quotient(inner - level, inner - array(inside + 1)) + upper);
+  }
+} catch (...) {
+  ReportFailure("CrossLevel", "PLOTIT");
+}
+
+void CFBWCalc(MeasureBuffer& array, std::int16_t dBFactor) try {
+  double max = 0;
+  double min = 0;
+  ArrayMaxMin(array, 0, design.NoFreqPts, max, min);
+  measured.CFBWText[2] = {"dB", design.FreqUnit, design.FreqUnit, "% CF"};
+
+  float lower = 0;
+  float upper = 0;
+  for (measured.GridRow = 3; measured.GridRow <= 5; ++measured.GridRow) {
+    auto& row = measured.CFBWText[measured.GridRow];
+    const float level = kLevels[measured.GridRow - 3];
+    row[0] = LevelText(level, dBFactor);
+    CrossLevel(array, 0, design.NoFreqPts, ToSingle(level * max), lower, upper);
+    const double f1 = DisplayFrequency(lower);
+    const double f2 = DisplayFrequency(upper);
+    const char* pattern = f1 + f2 < 100 ? "0.000" : "0.00";
+    row[1] = Format((f1 + f2) / 2, pattern);
+    row[2] = Format(f2 - f1, pattern);
+    row[3] = Format(Quotient((f2 - f1) * 200, f2 + f1), "0.00");
+  }
+} catch (...) {
+  ReportFailure("CFBWCalc", "PLOTIT");
+}
+
+void PulseWidthCalc(MeasureBuffer& array) try {
+  double max = 0;
+  double min = 0;
+  ArrayMaxMin(array, 0, design.NoTimePts - 1, max, min);
+  if (std::abs(min) > max) {
+    max = std::abs(min);
+  }
+  measured.PulseWidthText[1] = {"dB", view.TimeUnit};
+
+  float lower = 0;
+  float upper = 0;
+  for (measured.GridRow = 2; measured.GridRow <= 4; ++measured.GridRow) {
+    auto& row = measured.PulseWidthText[measured.GridRow];
+    const float level = kLevels[measured.GridRow - 2];
+    row[0] = LevelText(level, 20);
+    CrossLevel(array, 0, ToInt32(design.NoTimePts / 2.0), ToSingle(level * max), lower, upper);
+    const double samplesPerUnit = view.TimeScale * design.SampleRateHz;
+    row[1] = Format(Quotient(upper, samplesPerUnit) - Quotient(lower, samplesPerUnit), "0.000");
+  }
+  measured.PeakAmpl = ToSingle(max);
+} catch (...) {
+  ReportFailure("PulseWidthCalc", "PLOTIT");
+}
+
+}  // namespace halvorne

@@ -1,0 +1,9 @@
+#include "plot/plot_state.h"
+
+namespace halvorne {
+
+Plot plot;
+PlotScale scale;
+Measured measured;
+
+}  // namespace halvorne

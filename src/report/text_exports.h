@@ -1,0 +1,17 @@
+#pragma once
+
+#include <string>
+
+namespace halvorne {
+
+/// The plotted data as a table with tabs, for the clipboard.
+void GraphDataToClipboard(std::string& text);
+
+/// Measurements of the plot on show as text, for the clipboard.
+std::string StatisticsText();
+
+/// Writes the plotted data as the text file that spreadsheets read. An existing file is overwritten
+/// only after a question; failures raise, the command's handler shows them.
+void SaveGraphData(const std::string& fileName);
+
+}  // namespace halvorne

@@ -1,0 +1,78 @@
+#pragma once
+
+#include <csignal>
+#include <cstdint>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <sys/resource.h>
+#include <unistd.h>
+
+#include "platform/failure.h"
+#include "support/fresh_program.h"
+
+namespace halvorne::testing {
+
+/// A fresh program and an empty folder of the test's own.
+class FileTest : public FreshProgram {
+ protected:
+  FileTest() {
+    static int counter = 0;
+    folder_ = std::filesystem::temp_directory_path() /
+              ("halvorne-files-" + std::to_string(getpid()) + "-" + std::to_string(++counter));
+    std::filesystem::create_directories(folder_);
+  }
+  ~FileTest() override {
+    std::error_code none;
+    std::filesystem::remove_all(folder_, none);
+  }
+
+  std::string Path(const std::string& name) const { return (folder_ / name).string(); }
+  std::string Put(const std::string& name, const std::string& bytes) const {
+    std::ofstream(Path(name), std::ios::binary) << bytes;
+    return Path(name);
+  }
+  std::string Get(const std::string& name) const {
+    std::ifstream file(Path(name), std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  const std::filesystem::path& Folder() const { return folder_; }
+
+ private:
+  std::filesystem::path folder_;
+};
+
+/// While it lives no file of this process can grow beyond `bytes`: a full disk.
+class FullDisk {
+ public:
+  explicit FullDisk(std::uint64_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
+    getrlimit(RLIMIT_FSIZE, &before_);
+    rlimit limit = before_;
+    limit.rlim_cur = bytes;
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() {
+    setrlimit(RLIMIT_FSIZE, &before_);
+    std::signal(SIGXFSZ, handler_);
+  }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+  void (*handler_)(int);
+};
+
+/// Number of the failure that `action` raises, 0 when it raises none.
+template <class Action>
+int FailureOf(Action action) {
+  try {
+    action();
+    return 0;
+  } catch (const Failure& failure) {
+    return failure.Number();
+  }
+}
+
+}  // namespace halvorne::testing

@@ -1,0 +1,139 @@
+#include "persistence/setup_file.h"
+
+#include <vector>
+
+#include "persistence/file_fixture.h"
+#include "persistence/setup_state.h"
+#include "platform/paths.h"
+#include "timedomain/view.h"
+
+namespace halvorne::testing {
+namespace {
+
+using Lines = std::vector<std::string>;
+
+class SetupFile : public FileTest {
+ protected:
+  SetupFile() : folderBefore_(ProgramFolder()) {
+    SetProgramFolder(Folder());
+    window.SetKeepsSession(true);
+  }
+  ~SetupFile() override { SetProgramFolder(folderBefore_); }
+
+ private:
+  std::filesystem::path folderBefore_;
+};
+
+const char* const kTenLines =
+    "27\r\n"
+    "1,2,3,0,1,2,3\r\n"
+    "4,5,6,0,1,2,3\r\n"
+    "7,8,9,1\r\n"
+    "2,3\r\n"
+    "1,12\r\n"
+    "2,1,2\r\n"
+    "72.5\r\n"
+    "12.25\r\n"
+    "99.5\r\n";
+
+TEST_F(SetupFile, TenLinesAreReadInOrder) {
+  Put("HALVORNESETUP", kTenLines);
+  ReadHalvorneSetup();
+  EXPECT_EQ(shownMessages.Lines(), Lines{});
+  EXPECT_EQ(view.CurrentPlot, 27);
+  const std::vector<std::pair<int, int>> forms = {
+      {11, 1}, {12, 2}, {13, 3}, {14, 0}, {15, 1}, {16, 2}, {17, 3}, {21, 4}, {22, 5}, {23, 6},
+      {24, 0}, {25, 1}, {26, 2}, {27, 3}, {31, 7}, {32, 8}, {33, 9}, {34, 1}, {41, 2}, {42, 3}};
+  for (const auto& [plotNumber, form] : forms) {
+    EXPECT_EQ(setup.PlotFormMemory(plotNumber), form) << "plot " << plotNumber;
+  }
+  EXPECT_EQ(setup.DispFaceLayer, 1);
+  EXPECT_EQ(setup.DispBackLayer, 12);
+  EXPECT_EQ(setup.ReportDetails, 2);
+  EXPECT_EQ(setup.PhaseDisplayOption, 1);
+  EXPECT_EQ(setup.DisplayFontSize, 2);
+  EXPECT_EQ(setup.LogRange, 72.5);
+  EXPECT_EQ(view.TimeWindowPercent, 12.25F);
+  EXPECT_EQ(setup.AmplWindowPercent, 99.5F);
+}
+
+TEST_F(SetupFile, ReadingStartsTheSession) {
+  Put("HALVORNESETUP", kTenLines);
+  ReadHalvorneSetup();
+  EXPECT_EQ(setup.PreviousPlot, 27);
+  EXPECT_EQ(setup.LastPlotListIndex, -1) << "so that the first selection counts as a change";
+  EXPECT_EQ(setup.CursorBlank, std::string(102, ' '));
+}
+
+TEST_F(SetupFile, WhatWasReadIsWrittenLetterByLetter) {
+  Put("HALVORNESETUP", kTenLines);
+  ReadHalvorneSetup();
+  std::filesystem::remove(Path("HALVORNESETUP"));
+  setup.LastPlotListIndex = 5;  // not stored
+  writeHalvorneSetup();
+  EXPECT_EQ(Get("HALVORNESETUP"), kTenLines);
+  EXPECT_EQ(shownMessages.Lines(), Lines{}) << "and nothing is asked";
+}
+
+TEST_F(SetupFile, AnExistingFileIsReplacedWithoutAQuestion) {
+  Put("HALVORNESETUP", std::string(5000, 'x'));
+  writeHalvorneSetup();
+  EXPECT_EQ(
+      Get("HALVORNESETUP"),
+      "0\r\n0,0,0,0,0,0,0\r\n0,0,0,0,0,0,0\r\n0,0,0,0\r\n0,0\r\n0,0\r\n0,0,0\r\n0\r\n0\r\n0\r\n");
+  EXPECT_EQ(shownMessages.Lines(), Lines{});
+}
+
+TEST_F(SetupFile, AProgramThatKeepsNoSessionWritesNothing) {
+  window.SetKeepsSession(false);
+  writeHalvorneSetup();
+  EXPECT_FALSE(std::filesystem::exists(Path("HALVORNESETUP")));
+}
+
+TEST_F(SetupFile, AMissingFileShowsTheMessageAndNothingCreatesIt) {
+  ReadHalvorneSetup();
+  EXPECT_EQ(shownMessages.Lines(),
+            (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 53. File not found"}));
+  EXPECT_EQ(shownMessages.Shown().at(0).buttons, MessageButtons::kOk);
+  EXPECT_EQ(view.CurrentPlot, 0);
+  EXPECT_FALSE(std::filesystem::exists(Path("HALVORNESETUP")));
+}
+
+TEST_F(SetupFile, AShortFileLeavesTheUnreadFieldsAtZero) {
+  Put("HALVORNESETUP", "31\r\n1,2,3,4\r\n");
+  ReadHalvorneSetup();
+  EXPECT_EQ(shownMessages.Lines(),
+            (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 62. Input past end of file"}));
+  EXPECT_EQ(view.CurrentPlot, 31);
+  EXPECT_EQ(setup.PlotFormMemory(14), 4);
+  EXPECT_EQ(setup.PlotFormMemory(15), 0);
+  EXPECT_EQ(setup.LogRange, 0);
+  EXPECT_EQ(setup.LastPlotListIndex, 0) << "the session is not started by a failed read";
+  EXPECT_EQ(setup.CursorBlank, "");
+}
+
+TEST_F(SetupFile, AGarbledFieldShowsTheMessage) {
+  Put("HALVORNESETUP", "31\r\n1,2,x,4\r\n");
+  ReadHalvorneSetup();
+  EXPECT_EQ(shownMessages.Lines(),
+            (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 13. Type mismatch"}));
+}
+
+TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsTheMessage) {
+  SetProgramFolder(Folder() / "missing");
+  writeHalvorneSetup();
+  EXPECT_EQ(shownMessages.Lines(),
+            (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 76. Path not found"}));
+}
+
+TEST_F(SetupFile, AFullDiskShowsTheMessage) {
+  {
+    const FullDisk full(10);
+    writeHalvorneSetup();
+  }
+  EXPECT_EQ(shownMessages.Lines(),
+            (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 75. Path/File access error"}));
+}
+
+}  // namespace
+}  // namespace halvorne::testing
