@@ -1,0 +1,236 @@
+#include "batch/command_line.h"
+
+#include <QCommandLineOption>
+#include <QCommandLineParser>
+#include <QFile>
+#include <array>
+
+#include "batch/commands.h"
+#include "batch/stops.h"
+#include "plot/catalogue.h"
+#include "timedomain/view.h"
+
+namespace halvorne::batch {
+namespace {
+
+constexpr int kSmallestSide = 100;
+constexpr int kLargestSide = 10000;
+
+/// An option and the commands that know it.
+struct Option {
+  QStringList names;
+  const char* value;  ///< word for its value, null when it has none
+  unsigned needs;     ///< what a command must take for it, a sum of Takes
+  const char* help;
+};
+
+const std::array<Option, 14>& Options() {
+  static const std::array<Option, 14> options{{
+      {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
+      {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
+      {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
+      {{"form"}, "K", kForm, "index of the data form in the plot's list, from 0; default 0"},
+      {{"pane"}, "NAME", kPane, "of an excitation plot: response (default), impulse or excite"},
+      {{"size"}, "WxH", kSize, "size of a picture in pixels, 100 to 10000 each way"},
+      {{"set"}, "NAME=VALUE", kDesign, "set a field of the design, in SI units; any number of times"},
+      {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all --set"},
+      {{"phase"}, "P", kDesign, "phase within 180 degrees (0), unwrapped (1) or delay (2); default 0"},
+      {{"log-range"}, "DB", kDesign, "span of logarithmic scales in dB, 1 to 200; default 60"},
+      {{"time-window"}, "PERCENT", kDesign,
+       "share of the time record that is shown, 0.25 to 99.5; default 50"},
+      {{"ampl-window"}, "PERCENT", kDesign,
+       "share of the frequency span that scales the amplitude, 5 to 100; default 100"},
+      {{"accept-aliasing"}, nullptr, kDesign, "answer the warning of aliasing with OK"},
+      {{"h", "help"}, nullptr, 0, "show the help"},
+  }};
+  return options;
+}
+
+std::string Bytes(const QString& text) { return text.toStdString(); }
+
+QString Value(const QCommandLineParser& parser, const char* name) {
+  const QStringList values = parser.values(name);
+  if (values.size() > 1) {
+    throw WrongCommandLine("--" + std::string(name) + " is given more than once");
+  }
+  return values.value(0);
+}
+
+/// The number of an option within its bounds, or its default when the option is not given.
+double Number(const QCommandLineParser& parser, const char* name, double lowest, double highest,
+              double otherwise) {
+  const std::string text = Bytes(Value(parser, name));
+  if (!parser.isSet(name)) {
+    return otherwise;
+  }
+  try {
+    const double value = ReadNumber(text);
+    if (value < lowest || value > highest) {
+      throw WrongCommandLine("'" + text + "' is not from " + QString::number(lowest).toStdString() +
+                             " to " + QString::number(highest).toStdString());
+    }
+    return value;
+  } catch (const WrongCommandLine& wrong) {
+    throw WrongCommandLine("--" + std::string(name) + ": " + wrong.what());
+  }
+}
+
+int WholeNumber(const QCommandLineParser& parser, const char* name, int lowest, int highest,
+                int otherwise) {
+  const double value = Number(parser, name, lowest, highest, otherwise);
+  if (value != static_cast<int>(value)) {
+    throw WrongCommandLine("--" + std::string(name) + ": '" + Bytes(Value(parser, name)) +
+                           "' is not a whole number");
+  }
+  return static_cast<int>(value);
+}
+
+int PlotNumber(const QCommandLineParser& parser) {
+  if (!parser.isSet("plot")) {
+    throw WrongCommandLine("--plot N is missing");
+  }
+  const int number = WholeNumber(parser, "plot", 0, 99, 0);
+  if (FindPlot(number) == nullptr) {
+    throw WrongCommandLine("--plot: there is no plot " + std::to_string(number));
+  }
+  return number;
+}
+
+Pane PaneOf(const QCommandLineParser& parser, int plot) {
+  const QString name = Value(parser, "pane");
+  if (!parser.isSet("pane") || name == "response") {
+    return Pane::kResponse;
+  }
+  if (name != "impulse" && name != "excite") {
+    throw WrongCommandLine("--pane: '" + Bytes(name) + "' is not response, impulse or excite");
+  }
+  if (!IsExcitationPlot(plot)) {
+    throw WrongCommandLine("--pane: plot " + std::to_string(plot) +
+                           " has one pane, only plots 17, 27 and 34 have others");
+  }
+  return name == "impulse" ? Pane::kImpulse : Pane::kExcite;
+}
+
+QSize SizeOf(const QCommandLineParser& parser) {
+  if (!parser.isSet("size")) {
+    return {};
+  }
+  const QString text = Value(parser, "size");
+  const QStringList sides = text.split('x');
+  bool widthGood = false;
+  bool heightGood = false;
+  const QSize size(sides.value(0).toInt(&widthGood), sides.value(1).toInt(&heightGood));
+  const bool bounded = size.width() >= kSmallestSide && size.width() <= kLargestSide &&
+                       size.height() >= kSmallestSide && size.height() <= kLargestSide;
+  if (sides.size() != 2 || !widthGood || !heightGood || !bounded) {
+    throw WrongCommandLine("--size: '" + Bytes(text) +
+                           "' is not of the form 1000x620 with 100 to 10000 each way");
+  }
+  return size;
+}
+
+/// An option that is given and that the command does not know is refused, not passed over.
+void RefuseForeignOptions(const QCommandLineParser& parser, const Command& command) {
+  for (const Option& option : Options()) {
+    if (parser.isSet(option.names.last()) && (command.takes & option.needs) != option.needs) {
+      throw WrongCommandLine("--" + Bytes(option.names.last()) + " means nothing to " +
+                             command.name);
+    }
+  }
+}
+
+void ReadFiles(const QCommandLineParser& parser, const QStringList& words, Request& request) {
+  const Command& command = *request.command;
+  if ((command.takes & kDesign) == 0) {
+    request.topic = Bytes(words.value(1));
+    return;
+  }
+  if (words.size() < 2 || words[1].isEmpty()) {
+    throw WrongCommandLine("the design file is missing");
+  }
+  request.in = QFile::encodeName(words[1]).toStdString();
+  request.out = QFile::encodeName(Value(parser, "output")).toStdString();
+  if (parser.isSet("output") && request.out.empty()) {
+    throw WrongCommandLine("-o: the file has no name");
+  }
+  if ((command.takes & kNeedsOutput) != 0 && request.out.empty()) {
+    throw WrongCommandLine("-o FILE is missing");
+  }
+}
+
+void ReadSettings(const QCommandLineParser& parser, Request& request) {
+  for (const QString& text : parser.values("set")) {
+    request.settings.push_back(ReadSetting(Bytes(text)));
+  }
+  request.phase = WholeNumber(parser, "phase", 0, 2, request.phase);
+  request.logRange = Number(parser, "log-range", 1, 200, request.logRange);
+  request.timeWindow = Number(parser, "time-window", 0.25, 99.5, request.timeWindow);
+  request.amplWindow = Number(parser, "ampl-window", 5, 100, request.amplWindow);
+  request.recalc = parser.isSet("recalc");
+  request.acceptAliasing = parser.isSet("accept-aliasing");
+  request.force = parser.isSet("force");
+}
+
+Request ReadCommand(const QCommandLineParser& parser) {
+  Request request;
+  const QStringList words = parser.positionalArguments();
+  if (parser.isSet("version") || parser.isSet("help")) {
+    request.command = FindCommand(parser.isSet("help") ? "help" : "--version");
+    return request;
+  }
+  if (words.isEmpty()) {
+    throw WrongCommandLine("the command is missing; 'halvorne-batch help' lists all");
+  }
+  request.command = FindCommand(words[0]);
+  if (request.command == nullptr) {
+    throw WrongCommandLine("there is no command '" + Bytes(words[0]) +
+                           "'; 'halvorne-batch help' lists all");
+  }
+  if (words.size() > 2) {
+    throw WrongCommandLine("'" + Bytes(words[2]) + "' is one word too many");
+  }
+  RefuseForeignOptions(parser, *request.command);
+  ReadFiles(parser, words, request);
+  ReadSettings(parser, request);
+  if ((request.command->takes & kPlot) != 0) {
+    request.plot = PlotNumber(parser);
+  }
+  if (parser.isSet("form")) {
+    request.form = WholeNumber(parser, "form", 0, 1000, 0);
+  }
+  request.pane = PaneOf(parser, request.plot);
+  request.size = SizeOf(parser);
+  return request;
+}
+
+}  // namespace
+
+Request ReadCommandLine(const QStringList& arguments) {
+  QCommandLineParser parser;
+  parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsCompactedShortOptions);
+  for (const Option& option : Options()) {
+    parser.addOption(QCommandLineOption(option.names, option.help,
+                                        option.value != nullptr ? option.value : QString()));
+  }
+  parser.addVersionOption();
+  if (!parser.parse(arguments)) {
+    throw WrongCommandLine(Bytes(parser.errorText()));
+  }
+  return ReadCommand(parser);
+}
+
+std::string OptionsHelp() {
+  constexpr int column = 26;
+  QString text;
+  for (const Option& option : Options()) {
+    QString left = option.names.size() > 1 ? "  -" + option.names[0] + ", --" + option.names[1]
+                                           : "  --" + option.names[0];
+    if (option.value != nullptr) {
+      left += QString(" ") + option.value;
+    }
+    text += (left + ' ').leftJustified(column) + option.help + '\n';
+  }
+  return Bytes(text);
+}
+
+}  // namespace halvorne::batch

@@ -1,0 +1,47 @@
+#pragma once
+
+#include <QSize>
+#include <QStringList>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "batch/design_fields.h"
+
+namespace halvorne::batch {
+
+/// The three graphs of an excitation plot.
+enum class Pane { kResponse, kImpulse, kExcite };
+
+struct Command;
+
+/// What the command line asks for. File names are bytes as the system takes them.
+struct Request {
+  const Command* command = nullptr;
+  std::string topic;  ///< help only: what about
+  std::string in;
+  std::string out;  ///< empty: standard output
+  bool force = false;
+  bool recalc = false;
+  bool acceptAliasing = false;
+  int plot = 0;
+  std::optional<int> form;
+  Pane pane = Pane::kResponse;
+  QSize size;  ///< pixels of 1/96 inch; not valid when none was given
+  std::vector<Setting> settings;
+
+  // Display settings, as in the setup file.
+  int phase = 0;
+  double logRange = 60;
+  double timeWindow = 50;
+  double amplWindow = 100;
+};
+
+/// Reads the arguments, the program's name first. Raises WrongCommandLine, with what is wrong, for
+/// whatever cannot be meant; no file has been touched by then.
+Request ReadCommandLine(const QStringList& arguments);
+
+/// The options with their descriptions, as the help shows them.
+std::string OptionsHelp();
+
+}  // namespace halvorne::batch

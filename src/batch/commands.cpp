@@ -1,0 +1,161 @@
+#include "batch/commands.h"
+
+#include "batch/contact_sheet.h"
+#include "batch/curve_tables.h"
+#include "batch/design_session.h"
+#include "batch/design_summary.h"
+#include "batch/help_text.h"
+#include "batch/inspection.h"
+#include "batch/output.h"
+#include "batch/plot_pictures.h"
+#include "batch/stops.h"
+#include "persistence/design_file.h"
+#include "platform/file_failure.h"
+#include "plot/plot_select.h"
+#include "report/text_exports.h"
+
+namespace halvorne::batch {
+namespace {
+
+void WriteBytes(const Session& session, const QByteArray& bytes) {
+  WriteOutput(session, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+}
+
+void RunRecalc(Session& session) {
+  OpenDesign(session);
+  if (!session.request.recalc) {
+    Recalc();
+  }
+  WriteThrough(session, WriteDesignFile);
+}
+
+void RunConvert(Session& session) {
+  OpenDesign(session);
+  WriteThrough(session, WriteDesignFile);
+}
+
+void RunRaw(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteOutput(session, RawTable());
+}
+
+void RunData(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteOutput(session, DataTable(session.request.pane));
+}
+
+void RunInspect(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteOutput(session, Inspection(session.window));
+}
+
+void RunPlot(Session& session) {
+  const PictureFormat format = PictureFormatOf(session.request.out);
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteBytes(session, PlotPicture(format, session.request.size));
+}
+
+void RunContact(Session& session) {
+  if (PictureFormatOf(session.request.out) != PictureFormat::kPng) {
+    throw WrongCommandLine("-o: a contact sheet's name ends in .png");
+  }
+  OpenDesign(session);
+  std::string missing;
+  WriteBytes(session, PngOf(ContactSheet(session, missing)));
+  if (!missing.empty()) {
+    throw CommandFailed("the sheet lacks the plots that cannot be shown: " + missing);
+  }
+}
+
+void RunStatistics(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteOutput(session, StatisticsText());
+}
+
+void RunGraphData(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  std::string text;
+  GraphDataToClipboard(text);
+  WriteOutput(session, text);
+}
+
+/// SaveGraphData with the box that its command shows on a failure.
+void SaveOrTell(const std::string& fileName) {
+  try {
+    SaveGraphData(fileName);
+  } catch (...) {
+    ReportFileFailure("Open Error");
+  }
+}
+
+void RunSaveData(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteThrough(session, SaveOrTell);
+}
+
+void RunInfo(Session& session) {
+  OpenDesign(session);
+  WriteOutput(session, DesignSummary());
+}
+
+void RunHelp(Session& session) {
+  const std::string& topic = session.request.topic;
+  if (!topic.empty() && topic != "fields") {
+    throw WrongCommandLine("there is no help on '" + topic + "'; there is one on fields");
+  }
+  WriteOutput(session, topic.empty() ? HelpText() : FieldsHelpText());
+}
+
+void RunVersion(Session& session) { WriteOutput(session, "halvorne-batch 4.1.0\n"); }
+
+constexpr unsigned kText = kDesign | kOutput;
+constexpr unsigned kPlotText = kText | kPlot | kForm;
+
+constexpr Command kCommands[] = {
+    {"recalc", kText | kNeedsOutput, "recalc IN -o OUT [--force]",
+     "calculate the design anew and write it", RunRecalc},
+    {"convert", kText | kNeedsOutput, "convert IN -o OUT [--force]",
+     "write the design with its stored curves in the present format", RunConvert},
+    {"raw", kText | kPlot, "raw IN --plot N", "the physical values behind a plot as CSV, x in Hz",
+     RunRaw},
+    {"data", kPlotText | kPane, "data IN --plot N [--form K] [--pane NAME]",
+     "the plotted values as CSV, x in Hz or s", RunData},
+    {"inspect", kPlotText, "inspect IN --plot N [--form K]",
+     "title, forms, axes and measurements as JSON", RunInspect},
+    {"plot", kPlotText | kSize, "plot IN --plot N [--form K] -o FILE [--size WxH]",
+     "the picture as the main window shows it", RunPlot},
+    {"contact", kText | kSize, "contact IN -o FILE.png [--size WxH]",
+     "all plots of the design on one sheet, WxH each", RunContact},
+    {"stats", kPlotText, "stats IN --plot N [--form K]",
+     "bandwidth, pulse width and attenuation as text", RunStatistics},
+    {"graphdata", kPlotText, "graphdata IN --plot N [--form K]",
+     "the plotted values as a table for a spreadsheet's clipboard", RunGraphData},
+    {"savedata", kPlotText | kNeedsOutput,
+     "savedata IN --plot N [--form K] -o FILE [--force]",
+     "the plotted values as a text file for a spreadsheet", RunSaveData},
+    {"info", kText, "info IN", "a summary of the design", RunInfo},
+    {"help", 0, "help [fields]", "this text, or the fields that --set knows", RunHelp},
+    {"--version", 0, "--version", "the version of the program", RunVersion},
+};
+
+}  // namespace
+
+std::span<const Command> Commands() { return kCommands; }
+
+const Command* FindCommand(const QString& name) {
+  for (const Command& command : kCommands) {
+    if (name == command.name) {
+      return &command;
+    }
+  }
+  return nullptr;
+}
+
+}  // namespace halvorne::batch

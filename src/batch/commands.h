@@ -1,0 +1,45 @@
+#pragma once
+
+#include <QString>
+#include <span>
+#include <string>
+
+#include "batch/batch_messages.h"
+#include "batch/command_line.h"
+#include "plot/headless_window.h"
+
+namespace halvorne::batch {
+
+/// What a command works with.
+struct Session {
+  const Request& request;
+  HeadlessWindow& window;
+  BatchMessages& messages;
+};
+
+/// What a command takes beside the options of all.
+enum Takes : unsigned {
+  kDesign = 1,   ///< a design file
+  kPlot = 2,     ///< --plot, which it needs
+  kForm = 4,     ///< --form
+  kPane = 8,     ///< --pane
+  kSize = 16,    ///< --size
+  kOutput = 32,  ///< -o and --force
+  kNeedsOutput = 64
+};
+
+struct Command {
+  const char* name;
+  unsigned takes;  ///< a sum of Takes
+  const char* usage;
+  const char* summary;
+  void (*run)(Session&);
+};
+
+/// All commands, in the order in which the help shows them.
+std::span<const Command> Commands();
+
+/// The command of that name, null when there is none.
+const Command* FindCommand(const QString& name);
+
+}  // namespace halvorne::batch

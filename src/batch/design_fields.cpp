@@ -1,0 +1,131 @@
+#include "batch/design_fields.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "batch/derived_values.h"
+#include "batch/field_table.h"
+#include "batch/stops.h"
+
+namespace halvorne::batch {
+namespace {
+
+/// A name as it was written: without its indexes, and these.
+struct WrittenName {
+  std::string name;
+  std::vector<long> indexes;
+};
+
+long ReadIndex(std::string_view text) {
+  while (text.starts_with(' ')) {
+    text.remove_prefix(1);
+  }
+  return std::get<std::int32_t>(ReadFieldValue(static_cast<std::int32_t*>(nullptr), text));
+}
+
+WrittenName SplitName(const std::string& written) {
+  const std::size_t open = written.find('(');
+  const std::size_t close = written.find(')');
+  if (open == std::string::npos && close == std::string::npos) {
+    return {written, {}};
+  }
+  if (open == std::string::npos || close == std::string::npos || close < open) {
+    throw WrongCommandLine("its parentheses do not match");
+  }
+  WrittenName split{written.substr(0, open + 1) + written.substr(close), {}};
+  std::string_view inside = std::string_view(written).substr(open + 1, close - open - 1);
+  for (std::size_t comma = 0; comma != std::string_view::npos;) {
+    comma = inside.find(',');
+    split.indexes.push_back(ReadIndex(inside.substr(0, comma)));
+    inside.remove_prefix(comma == std::string_view::npos ? inside.size() : comma + 1);
+  }
+  return split;
+}
+
+bool SameButCase(std::string_view a, std::string_view b) {
+  return std::ranges::equal(a, b, [](unsigned char x, unsigned char y) {
+    return std::tolower(x) == std::tolower(y);
+  });
+}
+
+std::string NameWithBounds(const Field& field) {
+  std::string bounds;
+  for (const IndexBounds& bound : field.bounds) {
+    bounds += (bounds.empty() ? "" : ", ") + std::to_string(bound.first) + " to " +
+              std::to_string(bound.last);
+  }
+  std::string name = field.name;
+  const std::size_t open = name.find('(');
+  return open == std::string::npos ? name : name.insert(open + 1, bounds);
+}
+
+const Field& FindField(const std::string& name) {
+  const std::vector<Field>& table = Fields();
+  if (const auto found = std::ranges::find(table, name, &Field::name); found != table.end()) {
+    return *found;
+  }
+  for (const Field& field : table) {
+    const std::string_view bare = std::string_view(field.name).substr(0, field.name.find('('));
+    if (SameButCase(field.name, name) || SameButCase(bare, name)) {
+      throw WrongCommandLine("the field is called " + NameWithBounds(field));
+    }
+  }
+  throw WrongCommandLine("the design has no such field; 'halvorne-batch help fields' lists all");
+}
+
+Indexes CheckIndexes(const Field& field, const std::vector<long>& indexes) {
+  if (indexes.size() != field.bounds.size()) {
+    throw WrongCommandLine("the field is called " + NameWithBounds(field));
+  }
+  for (std::size_t k = 0; k < indexes.size(); ++k) {
+    if (indexes[k] < field.bounds[k].first || indexes[k] > field.bounds[k].last) {
+      throw WrongCommandLine("index " + std::to_string(indexes[k]) + " is out of bounds, " +
+                             NameWithBounds(field));
+    }
+  }
+  return {indexes.empty() ? 0 : indexes[0], indexes.size() < 2 ? 0 : indexes[1]};
+}
+
+Setting ReadPair(const std::string& name, const std::string& value) {
+  const WrittenName written = SplitName(name);
+  const Field& field = FindField(written.name);
+  Setting setting{field.place(CheckIndexes(field, written.indexes)), {}, field.derived};
+  setting.value = ReadFieldValue(setting.place, value);
+  if (field.rule != nullptr && !field.rule->holds(NumberOf(setting.value))) {
+    throw WrongCommandLine("the value must be " + std::string(field.rule->words));
+  }
+  return setting;
+}
+
+}  // namespace
+
+Setting ReadSetting(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  try {
+    if (equals == std::string::npos || equals == 0) {
+      throw WrongCommandLine("it is not of the form NAME=VALUE");
+    }
+    return ReadPair(text.substr(0, equals), text.substr(equals + 1));
+  } catch (const WrongCommandLine& wrong) {
+    throw WrongCommandLine("--set " + text + ": " + wrong.what());
+  }
+}
+
+void ApplySettings(std::span<const Setting> settings) {
+  unsigned derived = kNothing;
+  for (const Setting& setting : settings) {
+    StoreFieldValue(setting.place, setting.value);
+    derived |= setting.derived;
+  }
+  MakeDerivedValues(derived);
+}
+
+std::vector<std::string> FieldNames() {
+  std::vector<std::string> names;
+  for (const Field& field : Fields()) {
+    names.push_back(NameWithBounds(field));
+  }
+  return names;
+}
+
+}  // namespace halvorne::batch

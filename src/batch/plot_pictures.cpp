@@ -1,0 +1,121 @@
+#include "batch/plot_pictures.h"
+
+#include <QBuffer>
+#include <QFileInfo>
+#include <QFont>
+#include <QFontInfo>
+#include <QPageSize>
+#include <QPdfWriter>
+#include <QSvgGenerator>
+
+#include "batch/stops.h"
+#include "platform/qt/painter_surface.h"
+#include "platform/qt/text.h"
+#include "plot/graph.h"
+#include "plot/plot_state.h"
+
+namespace halvorne::batch {
+namespace {
+
+constexpr QSize kDefaultSize(1000, 620);
+constexpr int kDotsPerInch = 96;
+constexpr int kDotsPerMetre = 3780;
+constexpr int kPdfDotsPerInch = 1200;
+constexpr double kPointsPerPixel = 72.0 / kDotsPerInch;
+
+void DrawOn(QPaintDevice& device) {
+  PainterSurface surface(device, SurfaceKind::kMainPicture);
+  PlotGraphOn(surface);
+}
+
+/// Names the font that the texts were measured with first and then likely ones; the toolkit names
+/// the wanted one alone, and where that is missing a viewer would take any.
+QByteArray WithFontChoices(QByteArray svg) {
+  const QFont font = PictureFont();
+  const QByteArray wanted = "font-family=\"" + font.family().toUtf8() + '"';
+  QByteArray choices = "font-family=\"'" + QFontInfo(font).family().toUtf8() + '\'';
+  for (const QString& family : font.families()) {
+    choices += ", '" + family.toUtf8() + '\'';
+  }
+  return svg.replace(wanted, choices + ", sans-serif\"");
+}
+
+QByteArray SvgPicture(QSize size) {
+  QBuffer buffer;
+  QSvgGenerator generator;
+  generator.setOutputDevice(&buffer);
+  generator.setSize(size);
+  generator.setViewBox(QRect({0, 0}, size));
+  generator.setResolution(kDotsPerInch);
+  generator.setTitle(ToQString(plot.PlotTitle));
+  generator.setDescription(ToQString(design.DesignTitle));
+  DrawOn(generator);
+  return WithFontChoices(buffer.data());
+}
+
+QByteArray PdfPicture(QSize size) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  {
+    QPdfWriter writer(&buffer);
+    writer.setPageSize(QPageSize(QSizeF(size) * kPointsPerPixel, QPageSize::Point, QString(),
+                                 QPageSize::ExactMatch));
+    writer.setPageMargins(QMarginsF());
+    writer.setResolution(kPdfDotsPerInch);
+    writer.setTitle(ToQString(plot.PlotTitle));
+    writer.setCreator(QStringLiteral("Halvorne"));
+    DrawOn(writer);
+  }
+  return buffer.data();
+}
+
+}  // namespace
+
+PictureFormat PictureFormatOf(const std::string& fileName) {
+  const QString ending = QFileInfo(ToQString(fileName)).suffix().toLower();
+  if (fileName.empty() || ending == "png") {
+    return PictureFormat::kPng;
+  }
+  if (ending == "svg") {
+    return PictureFormat::kSvg;
+  }
+  if (ending == "pdf") {
+    return PictureFormat::kPdf;
+  }
+  throw WrongCommandLine("-o: a picture's name ends in .png, .svg or .pdf, not as " + fileName);
+}
+
+QImage PlotImage(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  if (image.isNull()) {
+    throw CommandFailed("there is not enough memory for the picture");
+  }
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+  image.fill(Qt::white);
+  DrawOn(image);
+  return image;
+}
+
+QByteArray PngOf(const QImage& image) {
+  QBuffer buffer;
+  buffer.open(QIODevice::WriteOnly);
+  if (!image.save(&buffer, "PNG")) {
+    throw CommandFailed("the picture could not be encoded");
+  }
+  return buffer.data();
+}
+
+QByteArray PlotPicture(PictureFormat format, QSize size) {
+  const QSize pixels = size.isValid() ? size : kDefaultSize;
+  switch (format) {
+    case PictureFormat::kSvg:
+      return SvgPicture(pixels);
+    case PictureFormat::kPdf:
+      return PdfPicture(pixels);
+    default:
+      return PngOf(PlotImage(pixels));
+  }
+}
+
+}  // namespace halvorne::batch

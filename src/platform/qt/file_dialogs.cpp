@@ -1,0 +1,89 @@
+#include "platform/qt/file_dialogs.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QFileSystemModel>
+#include <QLineEdit>
+#include <QStringList>
+
+#include "platform/failure.h"
+#include "platform/qt/help_viewer.h"
+#include "platform/qt/text.h"
+
+namespace halvorne {
+namespace {
+
+QString FromPath(const std::string& path) {
+  return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+/// The texts of "text|pattern|text|pattern", which hold their patterns in parentheses.
+QStringList NameFilters(const std::string& filter) {
+  QStringList texts;
+  const QStringList parts = ToQString(filter).split(u'|');
+  for (qsizetype i = 0; i < parts.size(); i += 2) {
+    texts.append(parts[i]);
+  }
+  return texts;
+}
+
+/// Lets "*.*" show names without a point as well.
+void ShowAllFiles(QFileDialog& dialog, const QString& filter) {
+  auto* const model = dialog.findChild<QFileSystemModel*>();  // none in a desktop's own dialog
+  if (model != nullptr && filter.contains(QStringLiteral("(*.*)"))) {
+    model->setNameFilters({});
+  }
+}
+
+/// Offers a name. One of another folder stands there whole, so that the folder shown stays.
+void OfferName(QFileDialog& dialog, const QString& name) {
+  if (name.isEmpty()) {
+    return;
+  }
+  const QFileInfo file(name);
+  const QString folder = dialog.directory().absolutePath();
+  auto* const box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  if (box != nullptr && file.isAbsolute() && file.absolutePath() != folder) {
+    box->setText(name);
+    return;
+  }
+  dialog.selectFile(name);
+}
+
+}  // namespace
+
+void CommonDialog::ShowOpen(QWidget* owner) { Show(owner, false); }
+
+void CommonDialog::ShowSave(QWidget* owner) { Show(owner, true); }
+
+void CommonDialog::ShowHelp() const {
+  ShowHelpWindow(HelpFile, HelpCommand == kHelpSearch, HelpKey);
+}
+
+void CommonDialog::Show(QWidget* owner, bool save) {
+  QFileDialog dialog(owner, ToQString(DialogTitle), FromPath(InitDir));
+  dialog.setObjectName(ToQString(name_));
+  dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setOption(QFileDialog::DontConfirmOverwrite, save && (Flags & kOverwritePrompt) == 0);
+  const QStringList filters = NameFilters(Filter);
+  dialog.setNameFilters(filters);
+  QObject::connect(&dialog, &QFileDialog::filterSelected, &dialog,
+                   [&dialog](const QString& filter) { ShowAllFiles(dialog, filter); });
+  if (FilterIndex >= 1 && FilterIndex <= filters.size()) {
+    dialog.selectNameFilter(filters[FilterIndex - 1]);
+    ShowAllFiles(dialog, filters[FilterIndex - 1]);
+  }
+  OfferName(dialog, FromPath(FileName));
+  if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
+    FileName = QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();
+  } else if (CancelError) {
+    throw Failure(failure_number::kCancelled);
+  } else {
+    FileName.clear();
+  }
+}
+
+}  // namespace halvorne

@@ -1,0 +1,50 @@
+#include "platform/qt/modal_dialog.h"
+
+#include <QScreen>
+#include <QShowEvent>
+
+#include "platform/number_text.h"
+
+namespace halvorne {
+
+ModalDialog::ModalDialog(const char* name, const QString& title, QWidget* parent)
+    : QDialog(parent) {
+  setObjectName(QString::fromLatin1(name));
+  setWindowTitle(title);
+  setModal(true);
+  setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+}
+
+void ModalDialog::Centre() {
+  adjustSize();
+  const QRect area = screen()->geometry();
+  move(area.x() + area.width() / 2 - width() / 2, area.y() + area.height() / 2 - height() / 2);
+}
+
+void ModalDialog::showEvent(QShowEvent* event) {
+  QDialog::showEvent(event);
+  Centre();  // once more with the final size: fonts and styles count only when it is shown
+}
+
+void FramePages::Add(QAbstractButton* button, QFrame* frame) {
+  QSizePolicy policy = frame->sizePolicy();
+  policy.setRetainSizeWhenHidden(true);
+  frame->setSizePolicy(policy);
+  button->setCheckable(true);
+  button->setAutoExclusive(true);
+  pages_.push_back({button, frame});
+}
+
+void FramePages::Show(int index) {
+  for (Page& page : pages_) {
+    page.frame->hide();
+  }
+  pages_.at(static_cast<std::size_t>(index)).frame->show();
+  Button(index)->setChecked(true);
+}
+
+double BoxValue(const QLineEdit* box) { return SafeVal(FromQString(box->text())); }
+
+void SetBoxText(QLineEdit* box, const std::string& text) { box->setText(ToQString(text)); }
+
+}  // namespace halvorne

@@ -1,0 +1,94 @@
+#pragma once
+
+#include <QAbstractButton>
+#include <QDialog>
+#include <QFrame>
+#include <QLineEdit>
+#include <string>
+#include <vector>
+
+#include "platform/failure.h"
+#include "platform/qt/text.h"
+
+namespace halvorne {
+
+/// What every modal dialog of the program has in common.
+///
+/// A dialog lives from its opening to its closing: the menu command makes it, shows it with exec()
+/// and drops it. Its controls carry their names as objectName. Their change logic is connected
+/// directly and runs whenever a text, option or check box really changes, by the user or by the
+/// program, at once; nothing ever blocks signals.
+class ModalDialog : public QDialog {
+ protected:
+  /// @param name   class name of the window, also its objectName and the module of its failures
+  /// @param title  caption
+  ModalDialog(const char* name, const QString& title, QWidget* parent);
+
+  /// Puts the dialog in the middle of its screen: the first step of every Form_Load.
+  void Centre();
+  /// Closes the dialog; its object goes with its owner's scope.
+  void Unload() { accept(); }
+
+  /// Gives a new control its name, and an array's element its index in parentheses.
+  template <class Control>
+  Control* Named(Control* control, const char* name) {
+    control->setObjectName(QString::fromLatin1(name));
+    return control;
+  }
+  template <class Control>
+  Control* Named(Control* control, const char* name, int index) {
+    control->setObjectName(QStringLiteral("%1(%2)").arg(QLatin1String(name)).arg(index));
+    return control;
+  }
+
+  /// Runs an event procedure, a member function of the dialog, on each real change of a text.
+  template <class Dialog>
+  void OnChange(QLineEdit* box, void (Dialog::*procedure)()) {
+    connect(box, &QLineEdit::textChanged, static_cast<Dialog*>(this), procedure);
+  }
+  /// The same on the choice of an option button; leaving it runs nothing.
+  template <class Dialog>
+  void OnChoice(QAbstractButton* option, void (Dialog::*procedure)()) {
+    Dialog* const dialog = static_cast<Dialog*>(this);
+    connect(option, &QAbstractButton::toggled, dialog, [dialog, procedure](bool chosen) {
+      if (chosen) {
+        (dialog->*procedure)();
+      }
+    });
+  }
+  /// The same on the choice of element `index` of an array of option buttons.
+  template <class Dialog>
+  void OnChoice(QAbstractButton* option, void (Dialog::*procedure)(int), int index) {
+    Dialog* const dialog = static_cast<Dialog*>(this);
+    connect(option, &QAbstractButton::toggled, dialog, [dialog, procedure, index](bool chosen) {
+      if (chosen) {
+        (dialog->*procedure)(index);
+      }
+    });
+  }
+
+  void showEvent(QShowEvent* event) override;
+};
+
+/// A row of buttons that shows one of several frames in the same place and hides the others.
+class FramePages {
+ public:
+  /// Adds a page; the dialog keeps the size of its largest one.
+  void Add(QAbstractButton* button, QFrame* frame);
+  void Show(int index);
+  QAbstractButton* Button(int index) const { return pages_.at(static_cast<std::size_t>(index)).button; }
+
+ private:
+  struct Page {
+    QAbstractButton* button;
+    QFrame* frame;
+  };
+  std::vector<Page> pages_;
+};
+
+/// Number in a text box; what is no number counts as 0.
+double BoxValue(const QLineEdit* box);
+/// Puts a text of the core into a text box.
+void SetBoxText(QLineEdit* box, const std::string& text);
+
+}  // namespace halvorne

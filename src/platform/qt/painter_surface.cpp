@@ -1,0 +1,58 @@
+#include "platform/qt/painter_surface.h"
+
+#include <QPagedPaintDevice>
+
+#include "platform/failure.h"
+
+namespace halvorne {
+namespace {
+
+constexpr double kPixelsPerInch = 96;
+/// Columns in a pixel of 1/96 inch that a dense trace keeps on devices without pixels.
+constexpr double kVectorColumns = 4;
+
+Canvas CanvasOf(const QPaintDevice& device) {
+  Canvas canvas;
+  canvas.vector = device.devType() != QInternal::Image;
+  canvas.unitsPerPixel = device.logicalDpiY() / kPixelsPerInch;
+  canvas.size = QSizeF(device.width(), device.height());
+  if (!canvas.vector) {
+    canvas.devicePixels = canvas.columnsPerUnit = device.devicePixelRatioF();
+    canvas.size /= canvas.devicePixels;
+  } else {
+    // A drawing in units of screen pixels is mostly seen at that size; finer ones need no grid.
+    canvas.devicePixels = canvas.unitsPerPixel == 1 ? 1 : 0;
+    canvas.columnsPerUnit = kVectorColumns / canvas.unitsPerPixel;
+  }
+  return canvas;
+}
+
+}  // namespace
+
+PainterSurface::PainterSurface(QPaintDevice& device, SurfaceKind kind)
+    : DrawingSurface(kind), device_(device) {
+  SetCanvas(CanvasOf(device));
+}
+
+void PainterSurface::Begin() {
+  if (!painter_.isActive() && !painter_.begin(&device_)) {
+    throw Failure(failure_number::kPathFileAccess);
+  }
+}
+
+void PainterSurface::Paint(const QRectF& /*touched*/, const std::function<void(QPainter&)>& draw) {
+  Begin();
+  draw(painter_);
+}
+
+void PainterSurface::NewPage() {
+  Begin();
+  if (auto* paged = dynamic_cast<QPagedPaintDevice*>(&device_); paged != nullptr) {
+    paged->newPage();
+  }
+  MoveTo(0, 0);
+}
+
+void PainterSurface::EndDoc() { painter_.end(); }
+
+}  // namespace halvorne

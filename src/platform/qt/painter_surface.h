@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/qt/drawing_surface.h"
+
+namespace halvorne {
+
+/// A surface over any paint device: an image, a vector file, a printer.
+///
+/// It fills the device's whole drawing area. The device must outlive it; what was drawn is complete
+/// after EndDoc() or when the surface goes. On a device that cannot be opened, drawing raises 75.
+class PainterSurface final : public DrawingSurface {
+ public:
+  PainterSurface(QPaintDevice& device, SurfaceKind kind);
+
+  void NewPage() override;
+  void EndDoc() override;
+
+ protected:
+  void Paint(const QRectF& touched, const std::function<void(QPainter&)>& draw) override;
+  const QPaintDevice* Device() const override { return &device_; }
+
+ private:
+  void Begin();
+
+  QPaintDevice& device_;
+  QPainter painter_;
+};
+
+}  // namespace halvorne
