@@ -1,0 +1,177 @@
+#include "dialogs/frm_size_entry.h"
+
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QVBoxLayout>
+#include <cmath>
+#include <utility>
+
+#include "engine/design_model.h"
+#include "engine/piezo_section.h"
+#include "platform/number_text.h"
+#include "platform/numbers.h"
+#include "plot/plot_select.h"
+
+namespace halvorne {
+namespace {
+
+constexpr std::int16_t kCircle = 1;
+constexpr std::int16_t kAnnulus = 2;
+constexpr std::int16_t kRectangle = 3;
+
+/// Area, m^2, and words of the element from its shape and dimensions.
+void TakeArea() {
+  const double dim1 = design.ElementDim1;
+  const double dim2 = design.ElementDim2;
+  switch (design.ElementShape) {
+    case kCircle:
+      design.ElementArea = Finite(kPi * std::pow(dim1 / 2000, 2));
+      design.ElementSizeText = NumberText(dim1) + " mm disk";
+      break;
+    case kAnnulus:
+      design.ElementArea = Finite(kPi * (std::pow(dim1 / 2000, 2) - std::pow(dim2 / 2000, 2)));
+      design.ElementSizeText = NumberText(dim2) + " x" + SpacedNumberText(dim1) + " mm annulus";
+      break;
+    case kRectangle:
+      design.ElementArea = Finite(dim2 * dim1 / 1000000);
+      design.ElementSizeText = NumberText(dim1) + " x" + SpacedNumberText(dim2) + " mm rect. bar";
+      break;
+    default:
+      break;
+  }
+}
+
+}  // namespace
+
+frmSizeEntry::frmSizeEntry(QWidget* parent)
+    : ModalDialog("frmSizeEntry", QStringLiteral("Element Size and Shape"), parent) {
+  auto* const outer = new QVBoxLayout(this);
+  auto* const shapes = Named(new QGroupBox(QStringLiteral("Element Shape:")), "Frame1");
+  auto* const column = new QVBoxLayout(shapes);
+  optCircle = Named(new QRadioButton(QStringLiteral("Circular Disk")), "optCircle");
+  optAnnulus = Named(new QRadioButton(QStringLiteral("Annular Ring")), "optAnnulus");
+  optRect = Named(new QRadioButton(QStringLiteral("Rectangle")), "optRect");
+  for (QRadioButton* option : {optCircle, optAnnulus, optRect}) {
+    column->addWidget(option);
+  }
+  outer->addWidget(shapes);
+
+  auto* const grid = new QGridLayout;
+  lblPiezoDim1 = Named(new QLabel, "lblPiezoDim1");
+  txtPiezoDim1 = Named(new QLineEdit, "txtPiezoDim1");
+  lblPiezoUnit1 = Named(new QLabel(QStringLiteral("mm")), "lblPiezoUnit1");
+  lblPiezoDim2 = Named(new QLabel, "lblPiezoDim2");
+  txtPiezoDim2 = Named(new QLineEdit, "txtPiezoDim2");
+  lblPiezoUnit2 = Named(new QLabel(QStringLiteral("mm")), "lblPiezoUnit2");
+  grid->addWidget(lblPiezoDim1, 0, 0);
+  grid->addWidget(txtPiezoDim1, 0, 1);
+  grid->addWidget(lblPiezoUnit1, 0, 2);
+  grid->addWidget(lblPiezoDim2, 1, 0);
+  grid->addWidget(txtPiezoDim2, 1, 1);
+  grid->addWidget(lblPiezoUnit2, 1, 2);
+  for (QWidget* second : {static_cast<QWidget*>(lblPiezoDim2),
+                          static_cast<QWidget*>(txtPiezoDim2),
+                          static_cast<QWidget*>(lblPiezoUnit2)}) {
+    QSizePolicy policy = second->sizePolicy();
+    policy.setRetainSizeWhenHidden(true);
+    second->setSizePolicy(policy);
+  }
+  lblPiezoDim1->setMinimumWidth(fontMetrics().horizontalAdvance(QStringLiteral("Outer Diameter")));
+  outer->addLayout(grid);
+
+  cmdSizeOK = Named(new QPushButton(QStringLiteral("OK")), "cmdSizeOK");
+  cmdSizeOK->setDefault(true);
+  cmdSizeCancel = Named(new QPushButton(QStringLiteral("Cancel")), "cmdSizeCancel");
+  auto* const closing = new QHBoxLayout;
+  closing->addStretch();
+  closing->addWidget(cmdSizeOK);
+  closing->addWidget(cmdSizeCancel);
+  outer->addLayout(closing);
+
+  OnChoice(optCircle, &frmSizeEntry::optCircle_Click);
+  OnChoice(optAnnulus, &frmSizeEntry::optAnnulus_Click);
+  OnChoice(optRect, &frmSizeEntry::optRect_Click);
+  connect(cmdSizeOK, &QPushButton::clicked, this, &frmSizeEntry::cmdSizeOK_Click);
+  connect(cmdSizeCancel, &QPushButton::clicked, this, &frmSizeEntry::cmdSizeCancel_Click);
+  Form_Load();
+  txtPiezoDim1->setFocus();
+}
+
+void frmSizeEntry::Form_Load() try {
+  Centre();
+  switch (design.ElementShape) {
+    case kCircle:
+      optCircle->setChecked(true);
+      break;
+    case kAnnulus:
+      optAnnulus->setChecked(true);
+      break;
+    case kRectangle:
+      optRect->setChecked(true);
+      break;
+    default:
+      break;
+  }
+  shape = design.ElementShape;
+  SetBoxText(txtPiezoDim1, NumberText(design.ElementDim1));
+  // A disk's second box keeps the value, hidden.
+  SetBoxText(txtPiezoDim2, NumberText(design.ElementDim2));
+} catch (...) {
+  ReportFailure("Form_Load", "frmSizeEntry");
+}
+
+void frmSizeEntry::ChooseShape(std::int16_t chosen, const char* caption1, const char* caption2) {
+  shape = chosen;
+  lblPiezoDim1->setText(QString::fromLatin1(caption1));
+  lblPiezoDim2->setText(QString::fromLatin1(caption2));
+  const bool second = chosen != kCircle;
+  lblPiezoDim2->setVisible(second);
+  txtPiezoDim2->setVisible(second);
+  lblPiezoUnit2->setVisible(second);
+}
+
+void frmSizeEntry::optCircle_Click() try {
+  ChooseShape(kCircle, "Diameter", "");
+  txtPiezoDim2->clear();
+} catch (...) {
+  ReportFailure("optCircle_Click", "frmSizeEntry");
+}
+
+void frmSizeEntry::optAnnulus_Click() try {
+  ChooseShape(kAnnulus, "Outer Diameter", "Inner Diameter");
+} catch (...) {
+  ReportFailure("optAnnulus_Click", "frmSizeEntry");
+}
+
+void frmSizeEntry::optRect_Click() try {
+  ChooseShape(kRectangle, "Length", "Width");
+} catch (...) {
+  ReportFailure("optRect_Click", "frmSizeEntry");
+}
+
+void frmSizeEntry::cmdSizeOK_Click() try {
+  design.ElementShape = shape;
+  design.ElementDim1 = std::fabs(BoxValue(txtPiezoDim1));
+  design.ElementDim2 = std::fabs(BoxValue(txtPiezoDim2));
+  if (shape == kAnnulus && design.ElementDim1 < design.ElementDim2) {
+    std::swap(design.ElementDim1, design.ElementDim2);
+  }
+  TakeArea();
+  if (design.ElementArea == 0) {
+    design.ElementArea = 1E-20;  // an empty or degenerate element stays computable
+  }
+  PiezoConstants();
+  Recalc();
+  Unload();
+} catch (...) {
+  ReportFailure("cmdSizeOK_Click", "frmSizeEntry");
+}
+
+void frmSizeEntry::cmdSizeCancel_Click() try {
+  Unload();
+} catch (...) {
+  ReportFailure("cmdSizeCancel_Click", "frmSizeEntry");
+}
+
+}  // namespace halvorne

@@ -1,0 +1,154 @@
+#pragma once
+
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHash>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMainWindow>
+#include <QPushButton>
+#include <QScrollBar>
+#include <array>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "platform/main_window.h"
+#include "platform/qt/file_dialogs.h"
+#include "shell/measurement_grid.h"
+#include "shell/menu_table.h"
+#include "shell/picture_box.h"
+
+namespace halvorne {
+
+/// The application window: one plot, its measurements and cursor, and all commands.
+///
+/// It is thin: what a command does stands in the lower rooms, which speak to the window through
+/// MainWindow. Its event procedures carry the names of their controls; each reports its own
+/// failures, so that none reaches the event loop.
+class frmHalvorneMain final : public QMainWindow, public MainWindow {
+ public:
+  frmHalvorneMain();
+  ~frmHalvorneMain() override;
+  frmHalvorneMain(const frmHalvorneMain&) = delete;
+  frmHalvorneMain& operator=(const frmHalvorneMain&) = delete;
+
+  // Start and stop.
+  void Form_Load();
+  void Form_Resize();
+  /// @param unloadMode  0 closed by the user, 1 by the program, 2 the system ends, 3 task manager
+  void Form_QueryUnload(int unloadMode);
+
+  // Document commands.
+  void FileNew();
+  void FileOpen();
+  void FileSaveAs();
+  void FileClose();
+  void mnuFileArray_Click(int index);
+  /// Opens a design as the Open command does once its file is chosen.
+  void OpenDesign(const std::string& fileName);
+
+  // MainWindow.
+  void SetMousePointer(int pointer) override;
+  std::string Caption() const override { return caption_; }
+  void SetCaption(const std::string& caption) override;
+  void SetEnabled(Item item, bool enabled) override;
+  void EnableItems(bool open) override;
+  void UpdateMenu() override;
+  void RefreshWindow() override;
+  bool KeepsSession() const override { return true; }
+  void SetTitleBoxText(const std::string& text) override;
+  void SetTitleBoxFontSize(int points) override;
+  void ClearPlotTypes() override;
+  void AddPlotType(const std::string& text) override;
+  int PlotTypeCount() const override { return PlotType->count(); }
+  std::string PlotTypeText(int index) const override;
+  int PlotTypeIndex() const override { return PlotType->currentIndex(); }
+  void SetPlotTypeIndex(int index) override;
+  Surface& Picture1() override { return Picture->Picture(); }
+  void SetGridCell(Grid grid, int row, int column, const std::string& text) override;
+  void SetPeakLabel(const std::string& caption) override;
+  void ShowPeakLabel(bool visible) override;
+  void SetAttenuationLabels(const std::array<std::string, 4>& captions) override;
+  void ShowAttenuationLabels(bool visible) override;
+  std::int32_t CursorMin() const override { return HScroll1->minimum(); }
+  std::int32_t CursorMax() const override { return HScroll1->maximum(); }
+  std::int32_t CursorValue() const override { return HScroll1->value(); }
+  void SetCursorMin(std::int32_t value) override;
+  void SetCursorMax(std::int32_t value) override;
+  void SetCursorValue(std::int32_t value) override;
+  void FocusCursorBar() override;
+
+ protected:
+  bool eventFilter(QObject* watched, QEvent* event) override;
+  void closeEvent(QCloseEvent* event) override;
+  void dragEnterEvent(QDragEnterEvent* event) override;
+  void dropEvent(QDropEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
+  void resizeEvent(QResizeEvent* event) override;
+  void showEvent(QShowEvent* event) override;
+
+ private:
+  using Procedure = std::function<void()>;
+
+  // Layout.
+  void MakeMenus();
+  QAction* MakeMenuItem(const MenuRow& row);
+  void MakeToolbar();
+  void MakeGraphControls();
+  void MakeMeasurements();
+  void ConnectControls();
+  /// Keeps the window from becoming smaller than half the screen or than its contents.
+  void LimitSize();
+  void PlaceControls(const QRect& picture, int scrollTop, int titleTop);
+
+  /// Gives a control its name and makes it known to SetEnabled.
+  template <class Control>
+  Control* Named(Control* control, const QString& name);
+  /// What a command of the menus does; empty for a menu, a separator and what has no window yet.
+  Procedure ProcedureOf(const MenuRow& row);
+
+  // Commands.
+  void View_Click(const MenuRow& row);
+  void mnuFileItem_Click(int index);
+  void mnuEditCopyGraph_Click();
+  void mnuEditCopyGraphData_Click();
+  void mnuEditCopyStats_Click();
+  void mnuEditSaveGraphData_Click();
+  void mnuInputSz_Click();
+  void mnuInputElTerm_Click();
+  void mnuOptionsItem_Click(int index);
+  void mnuHelpItem_Click(int index);
+  void Picture1_DblClick();
+  void Picture2_Click();
+  void fraAtten_DblClick(const std::string& control);
+  void txtEdit_LostFocus();
+
+  void DoUnLoadPreCheck(int unloadMode);
+  void EndProgram();
+  void DrawEmptyAxes();
+  void PrepareFileDialog(const char* title);
+
+  QHash<QString, QObject*> controls_;  ///< everything that lower rooms enable, by objectName
+  std::string caption_;
+  std::vector<std::string> fileArray_{"-"};  ///< captions of mnuFileArray
+  bool resizing_ = false;
+  bool screenWatched_ = false;
+
+  CommonDialog CMDialog1{"CMDialog1"};
+  QWidget* Picture2 = nullptr;
+  std::vector<QWidget*> toolbar_;
+  PictureBox* Picture = nullptr;
+  QLabel* LblPlotType = nullptr;
+  QComboBox* PlotType = nullptr;
+  QPushButton *Cursor1 = nullptr, *FindMax = nullptr, *FindMin = nullptr;
+  QScrollBar* HScroll1 = nullptr;
+  QLineEdit* txtEdit = nullptr;
+  QWidget* measurements_ = nullptr;
+  QGroupBox *fraCFBW = nullptr, *fraPulseWidth = nullptr, *fraAtten = nullptr;
+  MeasurementGrid *FlexgrdCFBW = nullptr, *FlexgrdPulseWidth = nullptr;
+  QLabel* lblPkAmpl = nullptr;
+  std::array<QLabel*, 4> attenuation_{};
+};
+
+}  // namespace halvorne

@@ -1,0 +1,272 @@
+#include <QAction>
+#include <QMenu>
+#include <QMenuBar>
+#include <QScreen>
+#include <QStyle>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "platform/qt/message_boxes.h"
+#include "plot/cursor.h"
+#include "plot/plot_select.h"
+#include "shell/form_metrics.h"
+#include "shell/frm_halvorne_main.h"
+#include "shell/palette_icon.h"
+
+namespace halvorne {
+namespace {
+
+// Places of the controls, in pixels.
+constexpr int kMargin = 6;
+constexpr int kToolbarHeight = 54;
+constexpr int kFormRowTop = kToolbarHeight + 2 * kMargin;
+constexpr int kCursorButtonWidth = 76;
+constexpr int kCursorRowHeight = 25;
+/// The graph's box within the picture, as shares of its width.
+constexpr double kBoxLeft = 2.0 / 14;
+constexpr double kBoxRight = 12.0 / 14;
+
+struct ToolRow {
+  const char* name;
+  const char* drawing;
+  const char* tip;
+  const char* caption = "";
+};
+
+constexpr std::array kToolbar = std::to_array<ToolRow>({
+    {"cmdFileNew", "new", "New"},
+    {"cmdFileOpen", "open", "Open a design file"},
+    {"cmdFileSave", "save", "Save the design under a name"},
+    {"cmdViewInputs", "inputs", "View the inputs of the design", "Input"},
+    {"cmdCopyToClipboard", "copy_graph", "Copy the graph"},
+    {"cmdCopyDataToClipboard", "copy_data", "Copy the graph's data"},
+    {"cmdPrintPreview", "print_preview", "Print preview"},
+    {"cmdPrintReport", "print_report", "Print the report"},
+});
+
+}  // namespace
+
+template <class Control>
+Control* frmHalvorneMain::Named(Control* control, const QString& name) {
+  control->setObjectName(name);
+  controls_.insert(name, control);
+  return control;
+}
+
+QAction* frmHalvorneMain::MakeMenuItem(const MenuRow& row) {
+  auto* const item = Named(new QAction(this), QLatin1String(row.name));
+  item->setText(QLatin1String(row.caption));
+  item->setSeparator(item->text() == QStringLiteral("-"));
+  item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
+  item->setEnabled(IsAvailable(row.name));
+  if (const Procedure procedure = ProcedureOf(row)) {
+    connect(item, &QAction::triggered, this, [procedure] {
+      const Command command;
+      procedure();
+    });
+  }
+  return item;
+}
+
+void frmHalvorneMain::MakeMenus() {
+  const std::span<const MenuRow> table = MenuTable();
+  std::array<QMenu*, 4> open{};  // the menus that the row stands in, by depth
+  for (std::size_t i = 0; i < table.size(); ++i) {
+    const MenuRow& row = table[i];
+    const auto depth = static_cast<std::size_t>(row.depth);
+    if (i + 1 < table.size() && table[i + 1].depth > row.depth) {
+      const QString caption = QLatin1String(row.caption);
+      QMenu* const menu =
+          depth == 0 ? menuBar()->addMenu(caption) : open.at(depth - 1)->addMenu(caption);
+      open.at(depth) = Named(menu, QLatin1String(row.name));
+      menu->menuAction()->setObjectName(menu->objectName());
+    } else {
+      open.at(depth - 1)->addAction(MakeMenuItem(row));
+    }
+  }
+  // Hidden until the first file was opened.
+  static_cast<QAction*>(controls_[QStringLiteral("mnuFileArray(0)")])->setVisible(false);
+}
+
+void frmHalvorneMain::MakeToolbar() {
+  Picture2 = Named(new QWidget(centralWidget()), QStringLiteral("Picture2"));
+  Picture2->installEventFilter(this);
+  int left = kMargin;
+  for (const ToolRow& row : kToolbar) {
+    auto* const button = Named(new QToolButton(Picture2), QLatin1String(row.name));
+    button->setIcon(
+        PaletteIcon(QStringLiteral(":/shell/icons/%1.svg").arg(QLatin1String(row.drawing))));
+    button->setIconSize({28, 28});
+    button->setAutoRaise(true);
+    button->setFocusPolicy(Qt::TabFocus);
+    button->setToolTip(QLatin1String(row.tip));
+    button->setAccessibleName(button->toolTip());
+    button->setText(QLatin1String(row.caption));
+    button->setToolButtonStyle(button->text().isEmpty() ? Qt::ToolButtonIconOnly
+                                                        : Qt::ToolButtonTextBesideIcon);
+    button->setEnabled(IsAvailable(row.name));
+    const int width = button->text().isEmpty() ? 44 : button->sizeHint().width();
+    button->setGeometry(left, (kToolbarHeight - 44) / 2, width, 44);
+    left += width + 2;
+    toolbar_.push_back(button);
+  }
+  Picture2->setGeometry(0, 0, left, kToolbarHeight);
+}
+
+void frmHalvorneMain::MakeGraphControls() {
+  QWidget* const ground = centralWidget();
+  LblPlotType = Named(new QLabel(QStringLiteral("Plot Type:"), ground), QStringLiteral("LblPlotType"));
+  PlotType = Named(new QComboBox(ground), QStringLiteral("PlotType"));
+  PlotType->setPlaceholderText(QStringLiteral(" "));  // the first entry is not chosen by itself
+  PlotType->setMaxVisibleItems(12);
+  LblPlotType->setBuddy(PlotType);
+  Picture = Named(new PictureBox(ground), QStringLiteral("Picture1"));
+  Picture->setAccessibleName(QStringLiteral("Graph"));
+  Picture->installEventFilter(this);
+  Cursor1 = Named(new QPushButton(QStringLiteral("&Cursor"), ground), QStringLiteral("Cursor1"));
+  Cursor1->setToolTip(QStringLiteral("Cursor on or off"));
+  HScroll1 = Named(new QScrollBar(Qt::Horizontal, ground), QStringLiteral("HScroll1"));
+  HScroll1->setFocusPolicy(Qt::StrongFocus);
+  HScroll1->setAccessibleName(QStringLiteral("Cursor position"));
+  HScroll1->setEnabled(false);
+  FindMax = Named(new QPushButton(QStringLiteral("Find Ma&x"), ground), QStringLiteral("FindMax"));
+  FindMin = Named(new QPushButton(QStringLiteral("Find Mi&n"), ground), QStringLiteral("FindMin"));
+  FindMax->setToolTip(QStringLiteral("Cursor to the highest value of the first trace"));
+  FindMin->setToolTip(QStringLiteral("Cursor to the lowest value of the first trace"));
+  txtEdit = Named(new QLineEdit(ground), QStringLiteral("txtEdit"));
+  txtEdit->setAccessibleName(QStringLiteral("Title of the design"));
+  txtEdit->setAcceptDrops(false);  // a design file dropped on it opens as anywhere else
+  txtEdit->installEventFilter(this);
+}
+
+void frmHalvorneMain::MakeMeasurements() {
+  measurements_ = new QWidget(centralWidget());
+  QFont small = font();
+  small.setPointSizeF(std::min(small.pointSizeF(), 8.0));
+  measurements_->setFont(small);
+  auto* const column = new QVBoxLayout(measurements_);
+  column->setContentsMargins(0, 0, 0, 0);
+  column->setSpacing(kMargin);
+  const auto frame = [&](const char* name, const char* title) {
+    auto* const box = Named(new QGroupBox(QLatin1String(title)), QLatin1String(name));
+    auto* const inner = new QVBoxLayout(box);
+    inner->setContentsMargins(8, 4, 8, 6);
+    inner->setSpacing(3);
+    column->addWidget(box);
+    return box;
+  };
+  fraCFBW = frame("fraCFBW", "Center Freq and Bandwidth");
+  FlexgrdCFBW = Named(new MeasurementGrid(6, 4, 3, fraCFBW), QStringLiteral("FlexgrdCFBW"));
+  fraCFBW->layout()->addWidget(FlexgrdCFBW);
+  fraPulseWidth = frame("fraPulseWidth", "Pulse Width and Level");
+  FlexgrdPulseWidth =
+      Named(new MeasurementGrid(5, 2, 2, fraPulseWidth), QStringLiteral("FlexgrdPulseWidth"));
+  fraPulseWidth->layout()->addWidget(FlexgrdPulseWidth);
+  lblPkAmpl = Named(new FittedLabel(fraPulseWidth), QStringLiteral("lblPkAmpl"));
+  lblPkAmpl->setMinimumHeight(2 * lblPkAmpl->fontMetrics().lineSpacing());
+  QSizePolicy kept = lblPkAmpl->sizePolicy();
+  kept.setRetainSizeWhenHidden(true);
+  lblPkAmpl->setSizePolicy(kept);
+  fraPulseWidth->layout()->addWidget(lblPkAmpl);
+  fraAtten = frame("fraAtten", "Attenuation in Load Medium");
+  fraAtten->installEventFilter(this);
+  constexpr std::array<const char*, 4> names{"lblAttenLength", "lblAttenRate", "lblAttenFreq",
+                                             "lblAttenExp"};
+  for (std::size_t i = 0; i < names.size(); ++i) {
+    attenuation_[i] = Named(new FittedLabel(fraAtten), QLatin1String(names[i]));
+    attenuation_[i]->setSizePolicy(kept);
+    attenuation_[i]->installEventFilter(this);
+    fraAtten->layout()->addWidget(attenuation_[i]);
+  }
+  column->addStretch();
+}
+
+void frmHalvorneMain::ConnectControls() {
+  const auto on = [this](auto* control, auto signal, auto procedure) {
+    connect(control, signal, this, [procedure] {
+      const Command command;
+      procedure();
+    });
+  };
+  const std::array<Procedure, kToolbar.size()> toolbar{
+      [this] { FileNew(); },
+      [this] { FileOpen(); },
+      [this] { FileSaveAs(); },
+      nullptr,
+      [this] { mnuEditCopyGraph_Click(); },
+      [this] { mnuEditCopyGraphData_Click(); },
+      nullptr,
+      nullptr,
+  };
+  for (std::size_t i = 0; i < toolbar.size(); ++i) {
+    if (toolbar[i]) {
+      on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked, toolbar[i]);
+    }
+  }
+  on(Cursor1, &QPushButton::clicked, [] { Cursor1_Click(); });
+  on(FindMax, &QPushButton::clicked, [] { FindMax_Click(); });
+  on(FindMin, &QPushButton::clicked, [] { FindMin_Click(); });
+  on(HScroll1, &QScrollBar::valueChanged, [] { HScroll1_Change(); });
+  on(PlotType, &QComboBox::currentIndexChanged, [this] {
+    if (PlotType->currentIndex() >= 0) {  // emptying the list chooses nothing
+      PlotType_Click();
+    }
+  });
+}
+
+void frmHalvorneMain::LimitSize() {
+  const QSize half = screen()->geometry().size() / 2;
+  const int beside = qRound(3153 / kTwipsPerPixel);
+  const QSize contents(
+      std::max(toolbar_.back()->geometry().right(), 4 * kCursorButtonWidth + beside) + kMargin,
+      menuBar()->sizeHint().height() + kFormRowTop + measurements_->minimumSizeHint().height() +
+          kMargin);
+  setMinimumSize(half.expandedTo(contents));
+}
+
+void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int titleTop) {
+  Picture2->resize(width(), kToolbarHeight);
+  const int rowHeight = PlotType->sizeHint().height();
+  const int labelWidth = LblPlotType->sizeHint().width();
+  LblPlotType->setGeometry(kMargin, kFormRowTop, labelWidth, rowHeight);
+  PlotType->setGeometry(2 * kMargin + labelWidth, kFormRowTop,
+                        std::min(240, picture.width() - labelWidth - kMargin), rowHeight);
+  Picture->setGeometry(picture);
+
+  const int right = picture.x() + picture.width();
+  const int finds = 2 * kCursorButtonWidth + kMargin;
+  const int barLeft = std::max(picture.x() + qRound(picture.width() * kBoxLeft),
+                               picture.x() + kCursorButtonWidth + kMargin);
+  const int barRight =
+      std::min(picture.x() + qRound(picture.width() * kBoxRight), right - finds - kMargin);
+  Cursor1->setGeometry(picture.x(), scrollTop, kCursorButtonWidth, kCursorRowHeight);
+  HScroll1->setGeometry(barLeft, scrollTop, barRight - barLeft, kCursorRowHeight);
+  FindMin->setGeometry(right - kCursorButtonWidth, scrollTop, kCursorButtonWidth,
+                       kCursorRowHeight);
+  FindMax->setGeometry(right - finds, scrollTop, kCursorButtonWidth, kCursorRowHeight);
+  txtEdit->setGeometry(picture.x(), titleTop, picture.width(), txtEdit->sizeHint().height());
+
+  const int columnLeft = right + kMargin;
+  measurements_->setGeometry(columnLeft, kFormRowTop, width() - columnLeft - kMargin,
+                             centralWidget()->height() - kFormRowTop - kMargin);
+}
+
+frmHalvorneMain::frmHalvorneMain() {
+  setObjectName(QStringLiteral("frmHalvorneMain"));
+  setWindowIcon(PaletteIcon(QStringLiteral(":/shell/icons/halvorne.svg")));
+  setAcceptDrops(true);
+  setCentralWidget(new QWidget(this));
+  MakeMenus();
+  MakeToolbar();
+  MakeGraphControls();
+  MakeMeasurements();
+  ConnectControls();
+  SetMainWindow(this);
+  Form_Load();
+}
+
+frmHalvorneMain::~frmHalvorneMain() { SetMainWindow(nullptr); }
+
+}  // namespace halvorne

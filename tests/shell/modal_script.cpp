@@ -1,0 +1,134 @@
+#include "shell/modal_script.h"
+
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTest>
+#include <algorithm>
+
+namespace halvorne::testing {
+namespace {
+
+std::string Describe(const QWidget& window) {
+  std::string words = window.objectName().toStdString() + " \"" +
+                      window.windowTitle().toStdString() + "\"";
+  if (const auto* const box = qobject_cast<const QMessageBox*>(&window)) {
+    words += ": " + box->text().toStdString();
+  }
+  return words;
+}
+
+void CheckAndPress(QMessageBox& box, const ExpectedBox& expected) {
+  EXPECT_EQ(box.objectName().toStdString(), "MsgBox");
+  EXPECT_EQ(box.windowTitle().toStdString(), expected.title);
+  EXPECT_EQ(box.text().toStdString(), expected.text);
+  EXPECT_EQ(box.icon(), expected.icon) << expected.text;
+  EXPECT_EQ(box.standardButtons(), expected.buttons) << expected.text;
+  EXPECT_EQ(box.standardButton(box.defaultButton()), expected.defaultButton) << expected.text;
+  QTest::mouseClick(box.button(expected.press), Qt::LeftButton);
+}
+
+}  // namespace
+
+ExpectedBox FailureBox(const std::string& title, const std::string& text) {
+  return {.title = title, .text = text};
+}
+
+ExpectedBox Question(const std::string& title, const std::string& text,
+                     QMessageBox::StandardButton press) {
+  return {.title = title,
+          .text = text,
+          .icon = QMessageBox::Question,
+          .buttons = QMessageBox::Yes | QMessageBox::No,
+          .defaultButton = QMessageBox::No,
+          .press = press};
+}
+
+ExpectedBox FileBox(const std::string& title, int number, const std::string& description) {
+  return {.title = title,
+          .text = "The following error occured: \nError # " + std::to_string(number) + "\n" +
+                  description,
+          .icon = QMessageBox::Critical};
+}
+
+ModalScript::ModalScript() { LookAgainSoon(); }
+
+// A new timer each time: one that is running its slot does not fire while that waits for the next
+// window.
+void ModalScript::LookAgainSoon() {
+  QTimer::singleShot(5, this, [this] { Look(); });
+}
+
+void ModalScript::Expect(const ExpectedBox& box) {
+  steps_.push_back({"the box " + box.title + ": " + box.text, [box](QWidget& window) {
+                      auto* const shown = qobject_cast<QMessageBox*>(&window);
+                      if (shown == nullptr) {
+                        ADD_FAILURE() << box.text << " expected, not " << Describe(window);
+                        window.close();
+                        return;
+                      }
+                      CheckAndPress(*shown, box);
+                    }});
+}
+
+void ModalScript::ExpectFileDialog(const std::string& title,
+                                   std::function<void(QFileDialog&)> act) {
+  steps_.push_back({"the file dialog " + title, [title, act](QWidget& window) {
+                      auto* const dialog = qobject_cast<QFileDialog*>(&window);
+                      if (dialog == nullptr) {
+                        ADD_FAILURE() << title << " expected, not " << Describe(window);
+                        window.close();
+                        return;
+                      }
+                      EXPECT_EQ(dialog->windowTitle().toStdString(), title);
+                      act(*dialog);
+                    }});
+}
+
+void ModalScript::ExpectFileDialog(const std::string& title, const std::string& typedName) {
+  ExpectFileDialog(title, [typedName](QFileDialog& dialog) {
+    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    name->setFocus();
+    name->selectAll();
+    QTest::keyClicks(name, QString::fromStdString(typedName));
+    QTest::keyClick(name, Qt::Key_Return);
+  });
+}
+
+void ModalScript::ExpectCancelledFileDialog(const std::string& title) {
+  ExpectFileDialog(title, [](QFileDialog& dialog) { QTest::keyClick(&dialog, Qt::Key_Escape); });
+}
+
+void ModalScript::ExpectWindow(const std::string& what, std::function<void(QWidget&)> act) {
+  steps_.push_back({what, std::move(act)});
+}
+
+void ModalScript::ExpectForm(const std::string& name, std::function<void(QWidget&)> act) {
+  ExpectWindow("the window " + name, [name, act](QWidget& window) {
+    EXPECT_EQ(window.objectName().toStdString(), name);
+    act(window);
+  });
+}
+
+void ModalScript::Look() {
+  LookAgainSoon();
+  QWidget* const window = QApplication::activeModalWidget();
+  if (window == nullptr || !window->isVisible() ||
+      std::find(met_.begin(), met_.end(), window) != met_.end()) {
+    return;
+  }
+  met_.emplace_back(window);
+  if (steps_.empty()) {
+    ADD_FAILURE() << "nobody expected " << Describe(*window);
+    window->close();
+    return;
+  }
+  const Step step = steps_.front();
+  steps_.pop_front();
+  step.act(*window);
+}
+
+}  // namespace halvorne::testing

@@ -1,0 +1,179 @@
+#include <gmock/gmock.h>
+
+#include <QAction>
+
+#include "engine/design_model.h"
+#include "plot/catalogue.h"
+#include "plot/plot_state.h"
+#include "shell/menu_table.h"
+#include "shell/window_test.h"
+
+namespace halvorne::testing {
+namespace {
+
+using ::testing::Contains;
+
+class Plots : public WindowTest {
+ protected:
+  /// Shows each plot by its menu command and each of its forms by the list, and compares.
+  void WalkThroughAll() {
+    for (const MenuRow& row : MenuTable()) {
+      if (row.plot == 0 || !Action(row.name)->isEnabled()) {
+        continue;
+      }
+      ClickMenu(row.name);
+      ASSERT_EQ(view.CurrentPlot, row.plot) << row.name;
+      const int forms = Find<QComboBox>("PlotType")->count();
+      EXPECT_GT(forms, 0) << row.plot;
+      for (int form = 0; form < forms; ++form) {
+        ChooseForm(form);
+        SCOPED_TRACE(std::string(row.name) + ", form " + std::to_string(form));
+        ASSERT_EQ(Find<QComboBox>("PlotType")->currentIndex(), form);
+        ComparePlot(row.plot);
+      }
+    }
+  }
+
+  void ComparePlot(int number) {
+    EXPECT_EQ(Screen(), CorePicture()) << "the window does not show what the core draws";
+    const std::vector<std::string> texts = CoreTexts();
+    const std::string_view title = FindPlot(number)->title;
+    EXPECT_TRUE(plot.PlotTitle.starts_with(title)) << plot.PlotTitle;
+    EXPECT_THAT(texts, Contains(plot.PlotTitle));
+    EXPECT_THAT(texts, Contains(IsTimePlot(number) ? "Time in " + view.TimeUnit
+                                                   : "Frequency in " + design.FreqUnit));
+    EXPECT_THAT(texts, Contains(scale.LeftLabel));
+    EXPECT_THAT(texts, Contains(scale.LeftMaxText));
+    EXPECT_THAT(texts, Contains(scale.LeftMinText));
+    CompareMeasurements();
+  }
+
+  void CompareMeasurements() {
+    EXPECT_EQ(Enabled("fraCFBW"), measured.CFBWValid);
+    EXPECT_EQ(Enabled("FlexgrdCFBW"), measured.CFBWValid);
+    EXPECT_EQ(Enabled("fraPulseWidth"), measured.PulseWidthValid);
+    EXPECT_EQ(Find<QWidget>("lblPkAmpl")->isVisible(), measured.PulseWidthValid);
+    for (std::size_t row = 2; row < 6; ++row) {
+      for (std::size_t column = 0; column < 4; ++column) {
+        EXPECT_EQ(Cell("FlexgrdCFBW", static_cast<int>(row), static_cast<int>(column)),
+                  measured.CFBWValid ? measured.CFBWText[row][column] : "");
+      }
+    }
+    for (std::size_t row = 1; row < 5; ++row) {
+      for (std::size_t column = 0; column < 2; ++column) {
+        EXPECT_EQ(Cell("FlexgrdPulseWidth", static_cast<int>(row), static_cast<int>(column)),
+                  measured.PulseWidthValid ? measured.PulseWidthText[row][column] : "");
+      }
+    }
+  }
+};
+
+TEST_F(Plots, AllStandBehindTheirCommandsInAllForms) {
+  StartWithDesign();
+  WalkThroughAll();
+}
+
+TEST_F(Plots, OfEverySampleDesignStandBehindTheirCommands) {
+  StartProgram();
+  int opened = 0;
+  for (const auto& entry : std::filesystem::directory_iterator(
+           std::filesystem::path(HALVORNE_SOURCE_DIR) / "share" / "DATA")) {
+    if (entry.path().extension() != ".dat") {
+      continue;
+    }
+    SCOPED_TRACE(entry.path().filename());
+    std::filesystem::copy(entry.path(), Data(entry.path().filename()));
+    OpenFile(Data(entry.path().filename()).string());
+    ASSERT_TRUE(plot.DesignOpen);
+    EXPECT_EQ(main->windowTitle().toStdString(),
+              "Halvorne: " + Data(entry.path().filename()).string());
+    WalkThroughAll();
+    ++opened;
+  }
+  EXPECT_GE(opened, 6) << "the sample designs are missing";
+}
+
+TEST_F(Plots, AreEachTheirOwn) {
+  StartWithDesign();
+  std::vector<int> shown;
+  for (const MenuRow& row : MenuTable()) {
+    if (row.plot != 0) {
+      shown.push_back(row.plot);
+    }
+  }
+  std::vector<int> catalogue;
+  for (const CataloguePlot& row : Catalogue()) {
+    catalogue.push_back(row.number);
+  }
+  EXPECT_EQ(shown, catalogue);
+}
+
+TEST_F(Plots, FormIsWrittenToTheSetupFileAtOnce) {
+  StartWithDesign();
+  ClickMenu("mnuViewTxTFPress");
+  const std::string before = ReadFile(Folder() / "HALVORNESETUP");
+  ChooseForm(Find<QComboBox>("PlotType")->currentIndex() == 0 ? 1 : 0);
+  EXPECT_NE(ReadFile(Folder() / "HALVORNESETUP"), before);
+}
+
+TEST_F(Plots, SettingsOutliveTheSession) {
+  StartWithDesign();
+  ClickMenu("mnuView2WayItem(0)");
+  ChooseForm(0);
+  const std::string path = design.DataFileName;
+  main.reset();
+  StartProgram();
+  OpenFile(path);
+  EXPECT_EQ(view.CurrentPlot, 31);
+  EXPECT_EQ(Find<QComboBox>("PlotType")->currentIndex(), 0);
+}
+
+TEST_F(Plots, ChoosingTheFormOnShowFiresNothing) {
+  StartWithDesign();
+  std::filesystem::remove(Folder() / "HALVORNESETUP");
+  auto* const list = Find<QComboBox>("PlotType");
+  list->setCurrentIndex(list->currentIndex());
+  EXPECT_FALSE(std::filesystem::exists(Folder() / "HALVORNESETUP"));
+}
+
+TEST_F(Plots, FallBackToThePiezoelectricLayerWithoutPlates) {
+  StartWithDesign();
+  ClickMenu("mnuViewDispFP");
+  EXPECT_EQ(view.CurrentPlot, 51);
+  design.NoFace = 0;
+  main->EnableItems(true);
+  EXPECT_EQ(view.CurrentPlot, 52);
+  EXPECT_FALSE(Action("mnuViewDispFP")->isEnabled());
+}
+
+TEST_F(Plots, FolderThatCannotBeWrittenIsToldAtEachChange) {
+  StartWithDesign();
+  std::filesystem::remove(Folder() / "HALVORNESETUP");
+  std::filesystem::create_directory(Folder() / "HALVORNESETUP");
+  script.Expect(
+      FailureBox("ERROR in writeHalvorneSetup of FILES", "Error: 75. Path/File access error"));
+  ChooseForm(Find<QComboBox>("PlotType")->currentIndex() + 1);
+  EXPECT_EQ(Screen(), CorePicture()) << "the plot must be drawn all the same";
+}
+
+TEST_F(Plots, AreDrawnAnewWhenTheWindowChangesItsSize) {
+  StartWithDesign();
+  const QImage before = Screen();
+  main->resize(main->width() + 60, main->height() + 10);
+  EXPECT_NE(Screen().size(), before.size());
+  EXPECT_EQ(Screen(), CorePicture());
+}
+
+TEST_F(Plots, GiveWayToEmptyAxesWithoutADesign) {
+  StartWithDesign();
+  const QImage drawn = Screen();
+  ClickMenu("mnuFileItem(0)");
+  const QImage empty = Screen();
+  EXPECT_NE(empty, drawn);
+  main->resize(main->width() + 60, main->height());
+  main->resize(main->width() - 60, main->height());
+  EXPECT_EQ(Screen(), empty);
+}
+
+}  // namespace
+}  // namespace halvorne::testing
