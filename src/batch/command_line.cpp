@@ -32,13 +32,23 @@ const std::array<Option, 14>& Options() {
       {{"form"}, "K", kForm, "index of the data form in the plot's list, from 0; default 0"},
       {{"pane"}, "NAME", kPane, "of an excitation plot: response (default), impulse or excite"},
       {{"size"}, "WxH", kSize, "size of a picture in pixels, 100 to 10000 each way"},
-      {{"set"}, "NAME=VALUE", kDesign, "set a field of the design, in SI units; any number of times"},
+      {{"set"},
+       "NAME=VALUE",
+       kDesign,
+       "set a field of the design, in SI units; any number of times"},
       {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all --set"},
-      {{"phase"}, "P", kDesign, "phase within 180 degrees (0), unwrapped (1) or delay (2); default 0"},
+      {{"phase"},
+       "P",
+       kDesign,
+       "phase within 180 degrees (0), unwrapped (1) or delay (2); default 0"},
       {{"log-range"}, "DB", kDesign, "span of logarithmic scales in dB, 1 to 200; default 60"},
-      {{"time-window"}, "PERCENT", kDesign,
+      {{"time-window"},
+       "PERCENT",
+       kDesign,
        "share of the time record that is shown, 0.25 to 99.5; default 50"},
-      {{"ampl-window"}, "PERCENT", kDesign,
+      {{"ampl-window"},
+       "PERCENT",
+       kDesign,
        "share of the frequency span that scales the amplitude, 5 to 100; default 100"},
       {{"accept-aliasing"}, nullptr, kDesign, "answer the warning of aliasing with OK"},
       {{"h", "help"}, nullptr, 0, "show the help"},
@@ -46,7 +56,9 @@ const std::array<Option, 14>& Options() {
   return options;
 }
 
-std::string Bytes(const QString& text) { return text.toStdString(); }
+std::string Bytes(const QString& text) {
+  return text.toStdString();
+}
 
 QString Value(const QCommandLineParser& parser, const char* name) {
   const QStringList values = parser.values(name);

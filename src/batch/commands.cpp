@@ -113,7 +113,9 @@ void RunHelp(Session& session) {
   WriteOutput(session, topic.empty() ? HelpText() : FieldsHelpText());
 }
 
-void RunVersion(Session& session) { WriteOutput(session, "halvorne-batch 4.1.0\n"); }
+void RunVersion(Session& session) {
+  WriteOutput(session, "halvorne-batch 4.1.0\n");
+}
 
 constexpr unsigned kText = kDesign | kOutput;
 constexpr unsigned kPlotText = kText | kPlot | kForm;
@@ -137,8 +139,7 @@ constexpr Command kCommands[] = {
      "bandwidth, pulse width and attenuation as text", RunStatistics},
     {"graphdata", kPlotText, "graphdata IN --plot N [--form K]",
      "the plotted values as a table for a spreadsheet's clipboard", RunGraphData},
-    {"savedata", kPlotText | kNeedsOutput,
-     "savedata IN --plot N [--form K] -o FILE [--force]",
+    {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
      "the plotted values as a text file for a spreadsheet", RunSaveData},
     {"info", kText, "info IN", "a summary of the design", RunInfo},
     {"help", 0, "help [fields]", "this text, or the fields that --set knows", RunHelp},
@@ -147,7 +148,9 @@ constexpr Command kCommands[] = {
 
 }  // namespace
 
-std::span<const Command> Commands() { return kCommands; }
+std::span<const Command> Commands() {
+  return kCommands;
+}
 
 const Command* FindCommand(const QString& name) {
   for (const Command& command : kCommands) {

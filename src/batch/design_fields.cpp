@@ -43,9 +43,8 @@ WrittenName SplitName(const std::string& written) {
 }
 
 bool SameButCase(std::string_view a, std::string_view b) {
-  return std::ranges::equal(a, b, [](unsigned char x, unsigned char y) {
-    return std::tolower(x) == std::tolower(y);
-  });
+  return std::ranges::equal(
+      a, b, [](unsigned char x, unsigned char y) { return std::tolower(x) == std::tolower(y); });
 }
 
 std::string NameWithBounds(const Field& field) {

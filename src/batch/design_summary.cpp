@@ -11,25 +11,24 @@ namespace {
 
 constexpr std::size_t kColumn = 22;
 
-constexpr std::array<std::string_view, 18> kElementNames{
-    "",
-    "series resistor",
-    "shunt resistor",
-    "series inductor",
-    "shunt inductor",
-    "series capacitor",
-    "shunt capacitor",
-    "coaxial cable",
-    "ideal transformer",
-    "non-ideal transformer",
-    "series circuit A",
-    "series circuit B",
-    "series circuit C",
-    "series circuit E",
-    "shunt circuit B",
-    "shunt circuit C",
-    "shunt circuit D",
-    "multiple identical piezoelectric layers"};
+constexpr std::array<std::string_view, 18> kElementNames{"",
+                                                         "series resistor",
+                                                         "shunt resistor",
+                                                         "series inductor",
+                                                         "shunt inductor",
+                                                         "series capacitor",
+                                                         "shunt capacitor",
+                                                         "coaxial cable",
+                                                         "ideal transformer",
+                                                         "non-ideal transformer",
+                                                         "series circuit A",
+                                                         "series circuit B",
+                                                         "series circuit C",
+                                                         "series circuit E",
+                                                         "shunt circuit B",
+                                                         "shunt circuit C",
+                                                         "shunt circuit D",
+                                                         "multiple identical piezoelectric layers"};
 
 /// A number to four significant digits, for reading.
 std::string Short(double value) {
@@ -43,29 +42,34 @@ std::string Line(std::string name, const std::string& text) {
   return name + text + "\n";
 }
 
-std::string Indented(const std::string& text) { return std::string(kColumn, ' ') + text + "\n"; }
+std::string Indented(const std::string& text) {
+  return std::string(kColumn, ' ') + text + "\n";
+}
 
 std::string InUnit(double hertz) {
   return design.FreqScale == 0 ? Short(hertz) + " Hz"
                                : Short(hertz / design.FreqScale) + " " + design.FreqUnit;
 }
 
-std::string Thickness(double metres) { return Short(metres * 1e3) + " mm"; }
-std::string MegaRayl(double rayl) { return Short(rayl * 1e-6) + " MRayl"; }
+std::string Thickness(double metres) {
+  return Short(metres * 1e3) + " mm";
+}
+std::string MegaRayl(double rayl) {
+  return Short(rayl * 1e-6) + " MRayl";
+}
 
 std::string PiezoLayers() {
-  std::string text =
-      Line("Piezoelectric layers",
-           std::to_string(design.NoPiezo) +
-               (design.NoPiezo > 1 ? ", the rear one first, connected: " + design.PZConnectName
-                                   : ""));
+  std::string text = Line(
+      "Piezoelectric layers",
+      std::to_string(design.NoPiezo) +
+          (design.NoPiezo > 1 ? ", the rear one first, connected: " + design.PZConnectName : ""));
   for (int k = 1; k <= design.NoPiezo; ++k) {
     const PiezoMaterial& matl = design.PZMatl(k);
-    text += Indented(std::to_string(k) + ". " + matl.Name + ", " + Thickness(design.PZThick(k)) +
-                     ", " + Short(matl.Velocity) + " m/s, " +
-                     MegaRayl(matl.Velocity * matl.Density) + ", kt " + Short(matl.Kt) + ", E33s " +
-                     Short(matl.Ks) + ", half wave at " + InUnit(design.PZFa(k)) +
-                     (design.PZPolarity(k) < 0 ? ", polarity -" : ""));
+    text +=
+        Indented(std::to_string(k) + ". " + matl.Name + ", " + Thickness(design.PZThick(k)) + ", " +
+                 Short(matl.Velocity) + " m/s, " + MegaRayl(matl.Velocity * matl.Density) +
+                 ", kt " + Short(matl.Kt) + ", E33s " + Short(matl.Ks) + ", half wave at " +
+                 InUnit(design.PZFa(k)) + (design.PZPolarity(k) < 0 ? ", polarity -" : ""));
   }
   return text;
 }
@@ -106,10 +110,11 @@ std::string Network() {
     }
     text += Indented(element);
   }
-  return row == 1 ? Line("Network", "none")
-                  : Line("Network", std::to_string(row - 1) +
-                                        " elements in SI units, from the transducer to the source") +
-                        text;
+  return row == 1
+             ? Line("Network", "none")
+             : Line("Network", std::to_string(row - 1) +
+                                   " elements in SI units, from the transducer to the source") +
+                   text;
 }
 
 std::string Excitation() {
@@ -137,9 +142,9 @@ std::string Attenuation() {
 
 std::string Dispersion() {
   std::string text;
-  for (const auto& [on, name] : {std::pair{design.PZVelDispOn, "piezoelectric"},
-                                 std::pair{design.FaceVelDispOn, "face"},
-                                 std::pair{design.BackVelDispOn, "back"}}) {
+  for (const auto& [on, name] :
+       {std::pair{design.PZVelDispOn, "piezoelectric"}, std::pair{design.FaceVelDispOn, "face"},
+        std::pair{design.BackVelDispOn, "back"}}) {
     if (on) {
       text += (text.empty() ? "" : ", ") + std::string(name);
     }

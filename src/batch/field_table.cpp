@@ -20,7 +20,8 @@ constexpr Rule kTimePointCount{"a power of two from 2 to 65536", [](double v) {
                                  return v >= 2 && v <= kLastTimePoint + 1 &&
                                         std::has_single_bit(static_cast<unsigned>(v));
                                }};
-constexpr Rule kTimeIndex{"from 0 to 65535", [](double v) { return v >= 0 && v <= kLastTimePoint; }};
+constexpr Rule kTimeIndex{"from 0 to 65535",
+                          [](double v) { return v >= 0 && v <= kLastTimePoint; }};
 
 template <auto Member>
 Field Scalar(const char* name, unsigned derived = kNothing, const Rule* rule = nullptr) {
@@ -60,28 +61,30 @@ void AddPiezoelectric(std::vector<Field>& table) {
   constexpr auto matl = &Design::PZMatl;
   using Record = PiezoMaterial;
   const std::string name = "PZMatl";
-  table.insert(
-      table.end(),
-      {Scalar<&Design::NoPiezo>("NoPiezo", kPiezo, &kOneOrTwo),
-       Scalar<&Design::PZConnect>("PZConnect", kPiezo, &kZeroToTwo),
-       Scalar<&Design::PZConnectName>("PZConnectName"),
-       RecordMember<matl, &Record::Name>(name, "Name"),
-       RecordMember<matl, &Record::Velocity>(name, "Velocity", kPiezo),
-       RecordMember<matl, &Record::ShearVelocity>(name, "ShearVelocity"),
-       RecordMember<matl, &Record::Density>(name, "Density", kPiezo),
-       RecordMember<matl, &Record::Ks>(name, "Ks", kPiezo),
-       RecordMember<matl, &Record::Kt>(name, "Kt", kPiezo),
-       RecordMember<matl, &Record::TanDe>(name, "TanDe", kPiezo),
-       RecordMember<matl, &Record::TanDm>(name, "TanDm", kPiezo),
-       RecordMember<matl, &Record::Vendor>(name, "Vendor"),
-       RecordMember<matl, &Record::DataSource>(name, "DataSource"),
-       Array<&Design::PZThick>("PZThick", kPiezo),
-       Array<&Design::PZPolarity>("PZPolarity", kNothing, &kSign), Array<&Design::PZFa>("PZFa"),
-       Array<&Design::PZCo>("PZCo"), Array<&Design::PZRp>("PZRp"), Array<&Design::PZM0>("PZM0"),
-       Scalar<&Design::ElementArea>("ElementArea", kPiezo),
-       Scalar<&Design::ElementSizeText>("ElementSizeText"),
-       Scalar<&Design::ElementShape>("ElementShape", kNothing, &kOneToThree),
-       Scalar<&Design::ElementDim1>("ElementDim1"), Scalar<&Design::ElementDim2>("ElementDim2")});
+  table.insert(table.end(), {Scalar<&Design::NoPiezo>("NoPiezo", kPiezo, &kOneOrTwo),
+                             Scalar<&Design::PZConnect>("PZConnect", kPiezo, &kZeroToTwo),
+                             Scalar<&Design::PZConnectName>("PZConnectName"),
+                             RecordMember<matl, &Record::Name>(name, "Name"),
+                             RecordMember<matl, &Record::Velocity>(name, "Velocity", kPiezo),
+                             RecordMember<matl, &Record::ShearVelocity>(name, "ShearVelocity"),
+                             RecordMember<matl, &Record::Density>(name, "Density", kPiezo),
+                             RecordMember<matl, &Record::Ks>(name, "Ks", kPiezo),
+                             RecordMember<matl, &Record::Kt>(name, "Kt", kPiezo),
+                             RecordMember<matl, &Record::TanDe>(name, "TanDe", kPiezo),
+                             RecordMember<matl, &Record::TanDm>(name, "TanDm", kPiezo),
+                             RecordMember<matl, &Record::Vendor>(name, "Vendor"),
+                             RecordMember<matl, &Record::DataSource>(name, "DataSource"),
+                             Array<&Design::PZThick>("PZThick", kPiezo),
+                             Array<&Design::PZPolarity>("PZPolarity", kNothing, &kSign),
+                             Array<&Design::PZFa>("PZFa"),
+                             Array<&Design::PZCo>("PZCo"),
+                             Array<&Design::PZRp>("PZRp"),
+                             Array<&Design::PZM0>("PZM0"),
+                             Scalar<&Design::ElementArea>("ElementArea", kPiezo),
+                             Scalar<&Design::ElementSizeText>("ElementSizeText"),
+                             Scalar<&Design::ElementShape>("ElementShape", kNothing, &kOneToThree),
+                             Scalar<&Design::ElementDim1>("ElementDim1"),
+                             Scalar<&Design::ElementDim2>("ElementDim2")});
 }
 
 template <auto Records>
@@ -101,77 +104,90 @@ void AddPlateMaterials(std::vector<Field>& table, const std::string& name) {
 }
 
 void AddChains(std::vector<Field>& table) {
-  table.insert(
-      table.end(),
-      {Scalar<&Design::NoFace>("NoFace", kNothing, &kPlateCount),
-       Scalar<&Design::NoBack>("NoBack", kNothing, &kPlateCount),
-       Array<&Design::FrontThick>("FrontThick"), Array<&Design::BackThick>("BackThick"),
-       Array<&Design::FrontArea>("FrontArea"), Array<&Design::BackArea>("BackArea"),
-       Array<&Design::FrontLoss>("FrontLoss"), Array<&Design::BackLoss>("BackLoss"),
-       Array<&Design::FrontDelay>("FrontDelay"), Array<&Design::BackDelay>("BackDelay"),
-       Array<&Design::FrontLossFreq>("FrontLossFreq"), Array<&Design::BackLossFreq>("BackLossFreq"),
-       Array<&Design::FrontLossExp>("FrontLossExp"), Array<&Design::BackLossExp>("BackLossExp"),
-       Array<&Design::FrontZ>("FrontZ"), Array<&Design::BackZ>("BackZ"),
-       Array<&Design::FrontVel>("FrontVel"), Array<&Design::BackVel>("BackVel"),
-       Scalar<&Design::PZVelDispOn>("PZVelDispOn"), Scalar<&Design::FaceVelDispOn>("FaceVelDispOn"),
-       Scalar<&Design::BackVelDispOn>("BackVelDispOn"), Table<&Design::VelDisp>("VelDisp"),
-       Table<&Design::VelDispNames>("VelDispNames")});
+  table.insert(table.end(), {Scalar<&Design::NoFace>("NoFace", kNothing, &kPlateCount),
+                             Scalar<&Design::NoBack>("NoBack", kNothing, &kPlateCount),
+                             Array<&Design::FrontThick>("FrontThick"),
+                             Array<&Design::BackThick>("BackThick"),
+                             Array<&Design::FrontArea>("FrontArea"),
+                             Array<&Design::BackArea>("BackArea"),
+                             Array<&Design::FrontLoss>("FrontLoss"),
+                             Array<&Design::BackLoss>("BackLoss"),
+                             Array<&Design::FrontDelay>("FrontDelay"),
+                             Array<&Design::BackDelay>("BackDelay"),
+                             Array<&Design::FrontLossFreq>("FrontLossFreq"),
+                             Array<&Design::BackLossFreq>("BackLossFreq"),
+                             Array<&Design::FrontLossExp>("FrontLossExp"),
+                             Array<&Design::BackLossExp>("BackLossExp"),
+                             Array<&Design::FrontZ>("FrontZ"),
+                             Array<&Design::BackZ>("BackZ"),
+                             Array<&Design::FrontVel>("FrontVel"),
+                             Array<&Design::BackVel>("BackVel"),
+                             Scalar<&Design::PZVelDispOn>("PZVelDispOn"),
+                             Scalar<&Design::FaceVelDispOn>("FaceVelDispOn"),
+                             Scalar<&Design::BackVelDispOn>("BackVelDispOn"),
+                             Table<&Design::VelDisp>("VelDisp"),
+                             Table<&Design::VelDispNames>("VelDispNames")});
 }
 
 void AddSweep(std::vector<Field>& table) {
-  table.insert(table.end(),
-               {Scalar<&Design::FreqStart>("FreqStart", kLimits),
-                Scalar<&Design::FreqStop>("FreqStop", kLimits),
-                Scalar<&Design::NoFreqPts>("NoFreqPts", kLimits, &kFreqPointCount),
-                Scalar<&Design::NoTimePts>("NoTimePts", kSampling, &kTimePointCount),
-                Scalar<&Design::DesignFreq>("DesignFreq"),
-                Scalar<&Design::DesignFreqText>("DesignFreqText"),
-                Scalar<&Design::FreqScale>("FreqScale", kSampling),
-                Scalar<&Design::FreqUnit>("FreqUnit"), Scalar<&Design::FreqStep>("FreqStep"),
-                Scalar<&Design::SampleRateHz>("SampleRateHz"),
-                Scalar<&Design::TimeWindow>("TimeWindow")});
+  table.insert(
+      table.end(),
+      {Scalar<&Design::FreqStart>("FreqStart", kLimits),
+       Scalar<&Design::FreqStop>("FreqStop", kLimits),
+       Scalar<&Design::NoFreqPts>("NoFreqPts", kLimits, &kFreqPointCount),
+       Scalar<&Design::NoTimePts>("NoTimePts", kSampling, &kTimePointCount),
+       Scalar<&Design::DesignFreq>("DesignFreq"), Scalar<&Design::DesignFreqText>("DesignFreqText"),
+       Scalar<&Design::FreqScale>("FreqScale", kSampling), Scalar<&Design::FreqUnit>("FreqUnit"),
+       Scalar<&Design::FreqStep>("FreqStep"), Scalar<&Design::SampleRateHz>("SampleRateHz"),
+       Scalar<&Design::TimeWindow>("TimeWindow")});
 }
 
 void AddLoads(std::vector<Field>& table) {
-  table.insert(
-      table.end(),
-      {Scalar<&Design::TermTx>("TermTx"), Scalar<&Design::TermRx>("TermRx"),
-       Scalar<&Design::ZFrontLoad>("ZFrontLoad", kLoads),
-       Scalar<&Design::ZBackLoad>("ZBackLoad", kLoads),
-       Scalar<&Design::ZFrontComplex>("ZFrontComplex", kLoads),
-       Scalar<&Design::ZBackComplex>("ZBackComplex", kLoads),
-       Scalar<&Design::ZFrontFile>("ZFrontFile"), Scalar<&Design::ZBackFile>("ZBackFile"),
-       Scalar<&Design::ZFrontComment>("ZFrontComment"),
-       Scalar<&Design::ZBackComment>("ZBackComment"),
-       Array<&Design::ZFrontNormRe>("ZFrontNormRe", kLoads),
-       Array<&Design::ZFrontNormIm>("ZFrontNormIm", kLoads),
-       Array<&Design::ZBackNormRe>("ZBackNormRe", kLoads),
-       Array<&Design::ZBackNormIm>("ZBackNormIm", kLoads), Array<&Design::ZFrontRe>("ZFrontRe"),
-       Array<&Design::ZFrontIm>("ZFrontIm"), Array<&Design::ZBackRe>("ZBackRe"),
-       Array<&Design::ZBackIm>("ZBackIm"), Scalar<&Design::FrontLoadArea>("FrontLoadArea"),
-       Scalar<&Design::BackLoadArea>("BackLoadArea"), Table<&Design::ElNet>("ElNet"),
-       Scalar<&Design::AttenOn>("AttenOn"), Scalar<&Design::AttenLength>("AttenLength"),
-       Scalar<&Design::AttenRate>("AttenRate"), Scalar<&Design::AttenFreq>("AttenFreq"),
-       Scalar<&Design::AttenExp>("AttenExp")});
+  table.insert(table.end(), {Scalar<&Design::TermTx>("TermTx"),
+                             Scalar<&Design::TermRx>("TermRx"),
+                             Scalar<&Design::ZFrontLoad>("ZFrontLoad", kLoads),
+                             Scalar<&Design::ZBackLoad>("ZBackLoad", kLoads),
+                             Scalar<&Design::ZFrontComplex>("ZFrontComplex", kLoads),
+                             Scalar<&Design::ZBackComplex>("ZBackComplex", kLoads),
+                             Scalar<&Design::ZFrontFile>("ZFrontFile"),
+                             Scalar<&Design::ZBackFile>("ZBackFile"),
+                             Scalar<&Design::ZFrontComment>("ZFrontComment"),
+                             Scalar<&Design::ZBackComment>("ZBackComment"),
+                             Array<&Design::ZFrontNormRe>("ZFrontNormRe", kLoads),
+                             Array<&Design::ZFrontNormIm>("ZFrontNormIm", kLoads),
+                             Array<&Design::ZBackNormRe>("ZBackNormRe", kLoads),
+                             Array<&Design::ZBackNormIm>("ZBackNormIm", kLoads),
+                             Array<&Design::ZFrontRe>("ZFrontRe"),
+                             Array<&Design::ZFrontIm>("ZFrontIm"),
+                             Array<&Design::ZBackRe>("ZBackRe"),
+                             Array<&Design::ZBackIm>("ZBackIm"),
+                             Scalar<&Design::FrontLoadArea>("FrontLoadArea"),
+                             Scalar<&Design::BackLoadArea>("BackLoadArea"),
+                             Table<&Design::ElNet>("ElNet"),
+                             Scalar<&Design::AttenOn>("AttenOn"),
+                             Scalar<&Design::AttenLength>("AttenLength"),
+                             Scalar<&Design::AttenRate>("AttenRate"),
+                             Scalar<&Design::AttenFreq>("AttenFreq"),
+                             Scalar<&Design::AttenExp>("AttenExp")});
 }
 
 void AddExcitationAndDocument(std::vector<Field>& table) {
-  table.insert(table.end(),
-               {Scalar<&Design::ExciteType>("ExciteType", kExcitation, &kZeroToTwo),
-                Scalar<&Design::ExciteWave>("ExciteWave", kExcitation, &kOneOrTwo),
-                Scalar<&Design::ExciteFreq>("ExciteFreq", kExcitation),
-                Scalar<&Design::ExciteCycles>("ExciteCycles", kExcitation),
-                Scalar<&Design::ExciteDelay>("ExciteDelay", kExcitation),
-                Scalar<&Design::ExcitePhase>("ExcitePhase", kExcitation),
-                Scalar<&Design::ExcitePoints>("ExcitePoints", kExcitation, &kTimeIndex),
-                Scalar<&Design::ExciteFileName>("ExciteFileName"),
-                Scalar<&Design::ExciteComment>("ExciteComment"),
-                Scalar<&Design::ExciteLength>("ExciteLength", kNothing, &kTimeIndex),
-                Scalar<&Design::DataFileName>("DataFileName"),
-                Scalar<&Design::DesignTitle>("DesignTitle"),
-                Scalar<&Design::CalcDateTime>("CalcDateTime"),
-                Scalar<&Design::FileVersionText>("FileVersionText"),
-                Scalar<&Design::FileFormat>("FileFormat"), Scalar<&Design::DesignNew>("DesignNew")});
+  table.insert(
+      table.end(),
+      {Scalar<&Design::ExciteType>("ExciteType", kExcitation, &kZeroToTwo),
+       Scalar<&Design::ExciteWave>("ExciteWave", kExcitation, &kOneOrTwo),
+       Scalar<&Design::ExciteFreq>("ExciteFreq", kExcitation),
+       Scalar<&Design::ExciteCycles>("ExciteCycles", kExcitation),
+       Scalar<&Design::ExciteDelay>("ExciteDelay", kExcitation),
+       Scalar<&Design::ExcitePhase>("ExcitePhase", kExcitation),
+       Scalar<&Design::ExcitePoints>("ExcitePoints", kExcitation, &kTimeIndex),
+       Scalar<&Design::ExciteFileName>("ExciteFileName"),
+       Scalar<&Design::ExciteComment>("ExciteComment"),
+       Scalar<&Design::ExciteLength>("ExciteLength", kNothing, &kTimeIndex),
+       Scalar<&Design::DataFileName>("DataFileName"), Scalar<&Design::DesignTitle>("DesignTitle"),
+       Scalar<&Design::CalcDateTime>("CalcDateTime"),
+       Scalar<&Design::FileVersionText>("FileVersionText"),
+       Scalar<&Design::FileFormat>("FileFormat"), Scalar<&Design::DesignNew>("DesignNew")});
 }
 
 }  // namespace

@@ -12,7 +12,9 @@
 namespace halvorne::batch {
 namespace {
 
-std::string Quoted(std::string_view text) { return std::string("'").append(text).append("'"); }
+std::string Quoted(std::string_view text) {
+  return std::string("'").append(text).append("'");
+}
 
 template <class Integer>
 Integer ReadInteger(std::string_view text) {

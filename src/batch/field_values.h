@@ -8,8 +8,7 @@
 namespace halvorne::batch {
 
 /// Where a field of the design stands, by its type.
-using FieldPlace =
-    std::variant<std::int16_t*, std::int32_t*, float*, double*, bool*, std::string*>;
+using FieldPlace = std::variant<std::int16_t*, std::int32_t*, float*, double*, bool*, std::string*>;
 
 /// A value that has been read for a field of that type.
 using FieldValue = std::variant<std::int16_t, std::int32_t, float, double, bool, std::string>;

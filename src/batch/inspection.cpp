@@ -11,17 +11,25 @@ namespace halvorne::batch {
 namespace {
 
 QJsonObject LeftAxis() {
-  return {{"label", ToQString(scale.LeftLabel)},     {"unit", ToQString(scale.LeftUnit)},
-          {"prefix", ToQString(scale.LeftPrefix)},   {"max", scale.LeftMax},
-          {"min", scale.LeftMin},                    {"mag", scale.LeftMag},
-          {"maxText", ToQString(scale.LeftMaxText)}, {"minText", ToQString(scale.LeftMinText)}};
+  return {{"label", ToQString(scale.LeftLabel)},
+          {"unit", ToQString(scale.LeftUnit)},
+          {"prefix", ToQString(scale.LeftPrefix)},
+          {"max", scale.LeftMax},
+          {"min", scale.LeftMin},
+          {"mag", scale.LeftMag},
+          {"maxText", ToQString(scale.LeftMaxText)},
+          {"minText", ToQString(scale.LeftMinText)}};
 }
 
 QJsonObject RightAxis() {
-  return {{"label", ToQString(scale.RightLabel)},     {"unit", ToQString(scale.RightUnit)},
-          {"prefix", ToQString(scale.RightPrefix)},   {"max", scale.RightMax},
-          {"min", scale.RightMin},                    {"mag", scale.RightMag},
-          {"maxText", ToQString(scale.RightMaxText)}, {"minText", ToQString(scale.RightMinText)}};
+  return {{"label", ToQString(scale.RightLabel)},
+          {"unit", ToQString(scale.RightUnit)},
+          {"prefix", ToQString(scale.RightPrefix)},
+          {"max", scale.RightMax},
+          {"min", scale.RightMin},
+          {"mag", scale.RightMag},
+          {"maxText", ToQString(scale.RightMaxText)},
+          {"minText", ToQString(scale.RightMinText)}};
 }
 
 QJsonObject XAxis() {
@@ -68,22 +76,21 @@ QJsonArray Forms(const MainWindow& window) {
 
 std::string Inspection(const MainWindow& window) {
   const bool attenuated = measured.AttenValid && design.AttenOn;
-  const QJsonObject object{
-      {"plotTitle", ToQString(plot.PlotTitle)},
-      {"form", window.PlotTypeIndex()},
-      {"forms", Forms(window)},
-      {"dualTrace", plot.DualTrace},
-      {"spectrumShown", plot.SpectrumShown},
-      {"amplLog", plot.AmplLog},
-      {"left", LeftAxis()},
-      {"right", RightAxis()},
-      {"x", XAxis()},
-      {"cfbw", Cells(measured.CFBWValid, measured.CFBWText)},
-      {"pulseWidth", Cells(measured.PulseWidthValid, measured.PulseWidthText)},
-      {"peakText", ToQString(measured.PeakAmplText)},
-      {"peakLabel", ToQString(measured.PkAmplCaption)},
-      {"attenuation",
-       attenuated ? QJsonValue(TextList(measured.AttenCaptions)) : QJsonValue(QJsonValue::Null)}};
+  const QJsonObject object{{"plotTitle", ToQString(plot.PlotTitle)},
+                           {"form", window.PlotTypeIndex()},
+                           {"forms", Forms(window)},
+                           {"dualTrace", plot.DualTrace},
+                           {"spectrumShown", plot.SpectrumShown},
+                           {"amplLog", plot.AmplLog},
+                           {"left", LeftAxis()},
+                           {"right", RightAxis()},
+                           {"x", XAxis()},
+                           {"cfbw", Cells(measured.CFBWValid, measured.CFBWText)},
+                           {"pulseWidth", Cells(measured.PulseWidthValid, measured.PulseWidthText)},
+                           {"peakText", ToQString(measured.PeakAmplText)},
+                           {"peakLabel", ToQString(measured.PkAmplCaption)},
+                           {"attenuation", attenuated ? QJsonValue(TextList(measured.AttenCaptions))
+                                                      : QJsonValue(QJsonValue::Null)}};
   return QJsonDocument(object).toJson().toStdString();
 }
 

@@ -14,7 +14,9 @@ constexpr int kDone = 0;
 constexpr int kFailed = 1;
 constexpr int kWrongCommandLine = 2;
 
-void Complain(const char* what) { std::fprintf(stderr, "halvorne-batch: %s\n", what); }
+void Complain(const char* what) {
+  std::fprintf(stderr, "halvorne-batch: %s\n", what);
+}
 
 /// Runs the command; what the program's boxes said is told in any case.
 int RunCommand(const Request& request) {

@@ -11,7 +11,9 @@
 namespace halvorne::batch {
 namespace {
 
-QString NameOf(const std::string& file) { return QFile::decodeName(file.c_str()); }
+QString NameOf(const std::string& file) {
+  return QFile::decodeName(file.c_str());
+}
 
 [[noreturn]] void FailToWrite(const std::string& file, const QString& why) {
   throw CommandFailed(file + " could not be written: " + why.toStdString());

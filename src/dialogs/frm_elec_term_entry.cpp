@@ -58,9 +58,7 @@ void frmElecTermEntry::cmdElecOK_Click() try {
   ReportFailure("cmdElecOK_Click", "frmElecTermEntry");
 }
 
-void frmElecTermEntry::cmdElecCancel_Click() try {
-  Unload();
-} catch (...) {
+void frmElecTermEntry::cmdElecCancel_Click() try { Unload(); } catch (...) {
   ReportFailure("cmdElecCancel_Click", "frmElecTermEntry");
 }
 

@@ -70,8 +70,7 @@ frmSizeEntry::frmSizeEntry(QWidget* parent)
   grid->addWidget(lblPiezoDim2, 1, 0);
   grid->addWidget(txtPiezoDim2, 1, 1);
   grid->addWidget(lblPiezoUnit2, 1, 2);
-  for (QWidget* second : {static_cast<QWidget*>(lblPiezoDim2),
-                          static_cast<QWidget*>(txtPiezoDim2),
+  for (QWidget* second : {static_cast<QWidget*>(lblPiezoDim2), static_cast<QWidget*>(txtPiezoDim2),
                           static_cast<QWidget*>(lblPiezoUnit2)}) {
     QSizePolicy policy = second->sizePolicy();
     policy.setRetainSizeWhenHidden(true);
@@ -144,9 +143,7 @@ void frmSizeEntry::optAnnulus_Click() try {
   ReportFailure("optAnnulus_Click", "frmSizeEntry");
 }
 
-void frmSizeEntry::optRect_Click() try {
-  ChooseShape(kRectangle, "Length", "Width");
-} catch (...) {
+void frmSizeEntry::optRect_Click() try { ChooseShape(kRectangle, "Length", "Width"); } catch (...) {
   ReportFailure("optRect_Click", "frmSizeEntry");
 }
 
@@ -168,9 +165,7 @@ void frmSizeEntry::cmdSizeOK_Click() try {
   ReportFailure("cmdSizeOK_Click", "frmSizeEntry");
 }
 
-void frmSizeEntry::cmdSizeCancel_Click() try {
-  Unload();
-} catch (...) {
+void frmSizeEntry::cmdSizeCancel_Click() try { Unload(); } catch (...) {
   ReportFailure("cmdSizeCancel_Click", "frmSizeEntry");
 }
 

@@ -63,10 +63,9 @@ void PrintXAxis(Surface& surface) {
 }
 
 void PrintSpectrumXAxis(Surface& surface) {
+  // Kept: on paper the cursor's read-out takes the caption's line, and the limits stand at y = 0.
   double y = 0;
-  if (surface.Kind() == SurfaceKind::kPrinter && measured.CursorOn) {
-    // Kept: the cursor's read-out takes the caption's line, and the limits stand at y = 0.
-  } else {
+  if (surface.Kind() != SurfaceKind::kPrinter || !measured.CursorOn) {
     y = ReadOutLine(surface);
     PrintCentred(surface, "Frequency in " + design.FreqUnit, 5, y);
   }

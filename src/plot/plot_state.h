@@ -50,13 +50,13 @@ struct Measured {
   bool AttenValid = false;
   std::array<std::array<std::string, 4>, 6> CFBWText;        ///< cells of FlexgrdCFBW
   std::array<std::array<std::string, 2>, 5> PulseWidthText;  ///< cells of FlexgrdPulseWidth
-  float PeakAmpl = 0;      ///< largest magnitude of the last pulse measure, linear units
-  double ImpulsePeak = 0;  ///< PeakAmpl of the impulse in an excitation plot
-  std::string PeakAmplText;     ///< peak text of the report, one line
-  std::string PkAmplCaption;    ///< caption of lblPkAmpl
+  float PeakAmpl = 0;         ///< largest magnitude of the last pulse measure, linear units
+  double ImpulsePeak = 0;     ///< PeakAmpl of the impulse in an excitation plot
+  std::string PeakAmplText;   ///< peak text of the report, one line
+  std::string PkAmplCaption;  ///< caption of lblPkAmpl
   std::array<std::string, 4> AttenCaptions;  ///< length, rate, frequency, exponent
   bool CursorOn = false;
-  float CursorX = 0;  ///< x of the line in box units, 0 to 10
+  float CursorX = 0;                      ///< x of the line in box units, 0 to 10
   std::int16_t GridRow = 0, GridCol = 0;  ///< shared counters of the grid routines
 };
 

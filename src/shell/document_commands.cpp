@@ -102,8 +102,7 @@ void frmHalvorneMain::UpdateMenu() try {
   fileArray_.push_back(design.DataFileName);
   auto* const entry = new QAction(this);
   entry->setObjectName(QStringLiteral("mnuFileArray(%1)").arg(index));
-  entry->setText(
-      ToQString(design.DataFileName).replace(QStringLiteral("&"), QStringLiteral("&&")));
+  entry->setText(ToQString(design.DataFileName).replace(QStringLiteral("&"), QStringLiteral("&&")));
   connect(entry, &QAction::triggered, this, [this, index] {
     const Command command;
     mnuFileArray_Click(index);

@@ -7,8 +7,8 @@ inline constexpr double kTwipsPerPixel = 15;
 
 /// What Form_Resize does with the height of the screen.
 struct HeightCorrection {
-  double twips;      ///< added to the graph's height
-  bool tinyFont;     ///< the graph's font becomes size 4
+  double twips;   ///< added to the graph's height
+  bool tinyFont;  ///< the graph's font becomes size 4
 };
 
 /// @param screenPixels  height of the screen in pixels, rounded down

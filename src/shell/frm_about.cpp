@@ -40,9 +40,7 @@ void frmAbout::Form_Load() try {
   ReportFailure("Form_Load", "frmAbout");
 }
 
-void frmAbout::cmdAbout_Click() try {
-  Unload();
-} catch (...) {
+void frmAbout::cmdAbout_Click() try { Unload(); } catch (...) {
   ReportFailure("cmdAbout_Click", "frmAbout");
 }
 

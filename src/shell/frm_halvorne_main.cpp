@@ -87,14 +87,14 @@ void frmHalvorneMain::Form_Resize() try {
   if (isMinimized()) {
     return;
   }
-  const GraphGeometry places = GraphGeometryFor(
-      std::min(height(), area.height()) * kTwipsPerPixel,
-      std::min(width(), area.width()) * kTwipsPerPixel, correction.twips,
-      kPictureCorner.y() * kTwipsPerPixel);
+  const GraphGeometry places =
+      GraphGeometryFor(std::min(height(), area.height()) * kTwipsPerPixel,
+                       std::min(width(), area.width()) * kTwipsPerPixel, correction.twips,
+                       kPictureCorner.y() * kTwipsPerPixel);
   const auto pixels = [](double twips) { return qRound(twips / kTwipsPerPixel); };
-  PlaceControls(QRect(kPictureCorner, QSize(pixels(places.pictureWidth),
-                                            pixels(places.pictureHeight))),
-                pixels(places.scrollTop), pixels(places.titleTop));
+  PlaceControls(
+      QRect(kPictureCorner, QSize(pixels(places.pictureWidth), pixels(places.pictureHeight))),
+      pixels(places.scrollTop), pixels(places.titleTop));
   Picture->FitPicture();
   if (correction.tinyFont) {
     Picture1().SetFontSize(4);
@@ -133,9 +133,7 @@ void frmHalvorneMain::DoUnLoadPreCheck(int unloadMode) try {
   ReportFailure("DoUnLoadPreCheck", "frmHalvorneMain");
 }
 
-void frmHalvorneMain::EndProgram() try {
-  QCoreApplication::exit(0);
-} catch (...) {
+void frmHalvorneMain::EndProgram() try { QCoreApplication::exit(0); } catch (...) {
   ReportFailure("EndProgram", "frmHalvorneMain");
 }
 
@@ -182,7 +180,8 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == Picture2) {
       Picture2_Click();
-    } else if (watched == fraAtten || std::ranges::find(attenuation_, watched) != attenuation_.end()) {
+    } else if (watched == fraAtten ||
+               std::ranges::find(attenuation_, watched) != attenuation_.end()) {
       fraAtten_DblClick(watched->objectName().toStdString());
       return true;
     }

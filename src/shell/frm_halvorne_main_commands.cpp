@@ -127,15 +127,11 @@ void frmHalvorneMain::mnuEditSaveGraphData_Click() try {
   ReportFileFailure("Open Error");
 }
 
-void frmHalvorneMain::mnuInputSz_Click() try {
-  frmSizeEntry(this).exec();
-} catch (...) {
+void frmHalvorneMain::mnuInputSz_Click() try { frmSizeEntry(this).exec(); } catch (...) {
   ReportFailure("mnuInputSz_Click", "frmHalvorneMain");
 }
 
-void frmHalvorneMain::mnuInputElTerm_Click() try {
-  frmElecTermEntry(this).exec();
-} catch (...) {
+void frmHalvorneMain::mnuInputElTerm_Click() try { frmElecTermEntry(this).exec(); } catch (...) {
   ReportFailure("mnuInputElTerm_Click", "frmHalvorneMain");
 }
 

@@ -117,7 +117,8 @@ void frmHalvorneMain::MakeToolbar() {
 
 void frmHalvorneMain::MakeGraphControls() {
   QWidget* const ground = centralWidget();
-  LblPlotType = Named(new QLabel(QStringLiteral("Plot Type:"), ground), QStringLiteral("LblPlotType"));
+  LblPlotType =
+      Named(new QLabel(QStringLiteral("Plot Type:"), ground), QStringLiteral("LblPlotType"));
   PlotType = Named(new QComboBox(ground), QStringLiteral("PlotType"));
   PlotType->setPlaceholderText(QStringLiteral(" "));  // the first entry is not chosen by itself
   PlotType->setMaxVisibleItems(12);
@@ -243,8 +244,7 @@ void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int tit
       std::min(picture.x() + qRound(picture.width() * kBoxRight), right - finds - kMargin);
   Cursor1->setGeometry(picture.x(), scrollTop, kCursorButtonWidth, kCursorRowHeight);
   HScroll1->setGeometry(barLeft, scrollTop, barRight - barLeft, kCursorRowHeight);
-  FindMin->setGeometry(right - kCursorButtonWidth, scrollTop, kCursorButtonWidth,
-                       kCursorRowHeight);
+  FindMin->setGeometry(right - kCursorButtonWidth, scrollTop, kCursorButtonWidth, kCursorRowHeight);
   FindMax->setGeometry(right - finds, scrollTop, kCursorButtonWidth, kCursorRowHeight);
   txtEdit->setGeometry(picture.x(), titleTop, picture.width(), txtEdit->sizeHint().height());
 
@@ -267,6 +267,8 @@ frmHalvorneMain::frmHalvorneMain() {
   Form_Load();
 }
 
-frmHalvorneMain::~frmHalvorneMain() { SetMainWindow(nullptr); }
+frmHalvorneMain::~frmHalvorneMain() {
+  SetMainWindow(nullptr);
+}
 
 }  // namespace halvorne

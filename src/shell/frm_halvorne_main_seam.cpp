@@ -88,7 +88,9 @@ void frmHalvorneMain::SetCaption(const std::string& caption) {
   setWindowTitle(ToQString(caption));
 }
 
-void frmHalvorneMain::EnableItems(bool open) { halvorne::EnableItems(open); }
+void frmHalvorneMain::EnableItems(bool open) {
+  halvorne::EnableItems(open);
+}
 
 void frmHalvorneMain::RefreshWindow() {
   update();
@@ -108,9 +110,13 @@ void frmHalvorneMain::SetTitleBoxFontSize(int points) {
   txtEdit->resize(txtEdit->width(), txtEdit->sizeHint().height());
 }
 
-void frmHalvorneMain::ClearPlotTypes() { PlotType->clear(); }
+void frmHalvorneMain::ClearPlotTypes() {
+  PlotType->clear();
+}
 
-void frmHalvorneMain::AddPlotType(const std::string& text) { PlotType->addItem(ToQString(text)); }
+void frmHalvorneMain::AddPlotType(const std::string& text) {
+  PlotType->addItem(ToQString(text));
+}
 
 std::string frmHalvorneMain::PlotTypeText(int index) const {
   if (index < 0 || index >= PlotType->count()) {
@@ -131,11 +137,12 @@ void frmHalvorneMain::SetGridCell(Grid grid, int row, int column, const std::str
 }
 
 void frmHalvorneMain::SetPeakLabel(const std::string& caption) {
-  lblPkAmpl->setText(
-      ToQString(caption).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+  lblPkAmpl->setText(ToQString(caption).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
 
-void frmHalvorneMain::ShowPeakLabel(bool visible) { lblPkAmpl->setVisible(visible); }
+void frmHalvorneMain::ShowPeakLabel(bool visible) {
+  lblPkAmpl->setVisible(visible);
+}
 
 void frmHalvorneMain::SetAttenuationLabels(const std::array<std::string, 4>& captions) {
   for (std::size_t i = 0; i < captions.size(); ++i) {
@@ -149,15 +156,21 @@ void frmHalvorneMain::ShowAttenuationLabels(bool visible) {
   }
 }
 
-void frmHalvorneMain::SetCursorMin(std::int32_t value) { HScroll1->setMinimum(value); }
+void frmHalvorneMain::SetCursorMin(std::int32_t value) {
+  HScroll1->setMinimum(value);
+}
 
 void frmHalvorneMain::SetCursorMax(std::int32_t value) {
   HScroll1->setMaximum(value);
   HScroll1->setPageStep(std::max(1, (HScroll1->maximum() - HScroll1->minimum()) / 20));
 }
 
-void frmHalvorneMain::SetCursorValue(std::int32_t value) { HScroll1->setValue(value); }
+void frmHalvorneMain::SetCursorValue(std::int32_t value) {
+  HScroll1->setValue(value);
+}
 
-void frmHalvorneMain::FocusCursorBar() { HScroll1->setFocus(); }
+void frmHalvorneMain::FocusCursorBar() {
+  HScroll1->setFocus();
+}
 
 }  // namespace halvorne

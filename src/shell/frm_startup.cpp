@@ -44,7 +44,9 @@ float Timer() {
   return static_cast<float>(QTime::currentTime().msecsSinceStartOfDay()) / 1000.0F;
 }
 
-bool PauseIsOver(float start, float pause, float now) { return start + pause <= now; }
+bool PauseIsOver(float start, float pause, float now) {
+  return start + pause <= now;
+}
 
 frmStartup::frmStartup(std::function<void()> showMain)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), showMain_(std::move(showMain)) {

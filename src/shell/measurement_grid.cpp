@@ -92,12 +92,14 @@ FittedLabel::FittedLabel(QWidget* parent) : QLabel(parent) {
   setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
 }
 
-QSize FittedLabel::minimumSizeHint() const { return {1, QLabel::minimumSizeHint().height()}; }
+QSize FittedLabel::minimumSizeHint() const {
+  return {1, QLabel::minimumSizeHint().height()};
+}
 
 void FittedLabel::paintEvent(QPaintEvent* /*event*/) {
   QPainter painter(this);
-  painter.setPen(palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled,
-                                 QPalette::WindowText));
+  painter.setPen(
+      palette().color(isEnabled() ? QPalette::Active : QPalette::Disabled, QPalette::WindowText));
   QRect line(0, 0, width(), fontMetrics().height());
   for (const QString& text : this->text().split(u'\n')) {
     DrawSqueezed(painter, line, Qt::AlignLeft | Qt::AlignVCenter, text);

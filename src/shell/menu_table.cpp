@@ -104,7 +104,9 @@ constexpr std::array kWithoutWindow = std::to_array<std::string_view>({
 
 }  // namespace
 
-std::span<const MenuRow> MenuTable() { return kMenuTable; }
+std::span<const MenuRow> MenuTable() {
+  return kMenuTable;
+}
 
 std::string_view ControlName(std::string_view objectName) {
   return objectName.substr(0, objectName.find('('));

@@ -43,6 +43,8 @@ class PaletteIconEngine final : public QIconEngine {
 
 }  // namespace
 
-QIcon PaletteIcon(const QString& drawing) { return QIcon(new PaletteIconEngine(drawing)); }
+QIcon PaletteIcon(const QString& drawing) {
+  return QIcon(new PaletteIconEngine(drawing));
+}
 
 }  // namespace halvorne

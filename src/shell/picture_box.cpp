@@ -11,7 +11,9 @@ PictureBox::PictureBox(QWidget* parent) : QWidget(parent) {
   picture_.SetChangeListener([this](const QRect& changed) { update(changed); });
 }
 
-void PictureBox::FitPicture() { picture_.SetSize(size(), devicePixelRatioF()); }
+void PictureBox::FitPicture() {
+  picture_.SetSize(size(), devicePixelRatioF());
+}
 
 void PictureBox::paintEvent(QPaintEvent* event) {
   QPainter painter(this);

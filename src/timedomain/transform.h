@@ -5,7 +5,10 @@
 #include "engine/design_model.h"
 
 // Radix-2 complex fast Fourier transform in place on split arrays (Cooley, Tukey, Math. Comp. 19
-// (1965) 297-301). n must be a power of two from 2 to 65536; nobody checks that here.
+// (1965) 297-301). n is the length, a power of two from 1 to 65536; the dialogs offer no other. The
+// box of FFTSolve answers a length of 0 with 11, one beyond the arrays with 9 and any other that is
+// no power of two with 5, all before anything was changed, and a sum too large with 6, which stops
+// where it arose.
 
 namespace halvorne {
 

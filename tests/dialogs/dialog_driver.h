@@ -1,12 +1,11 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QTest>
+#include <gtest/gtest.h>
 
 #include "support/fresh_program.h"
 
@@ -38,15 +37,12 @@ class DialogDriver {
 
   void Click(const char* name) const {
     auto* const button = Find<QAbstractButton>(name);
-    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier,
-                      QPoint(8, button->height() / 2));
+    QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
   }
 
   void Press(Qt::Key key) const { QTest::keyClick(&dialog_, key); }
 
-  std::string Text(const char* name) const {
-    return Find<QLineEdit>(name)->text().toStdString();
-  }
+  std::string Text(const char* name) const { return Find<QLineEdit>(name)->text().toStdString(); }
   std::string Caption(const char* name) const { return Find<QLabel>(name)->text().toStdString(); }
   bool Enabled(const char* name) const { return Find<QWidget>(name)->isEnabled(); }
   bool Visible(const char* name) const { return Find<QWidget>(name)->isVisible(); }

@@ -22,12 +22,8 @@ class AcousticSections : public EngineTest {
   }
 
   static void Unit() { SetMatrix(sweep.MatRe, sweep.MatIm, 1, 0, 0, 1); }
-  static Value Section(int row, int column) {
-    return Entry(sweep.SecRe, sweep.SecIm, row, column);
-  }
-  static Value Product(int row, int column) {
-    return Entry(sweep.MatRe, sweep.MatIm, row, column);
-  }
+  static Value Section(int row, int column) { return Entry(sweep.SecRe, sweep.SecIm, row, column); }
+  static Value Product(int row, int column) { return Entry(sweep.MatRe, sweep.MatIm, row, column); }
 };
 
 TEST_F(AcousticSections, ALineIsCoshAndSinhOfItsPropagation) {

@@ -18,7 +18,9 @@ EngineTest::EngineTest() {
   SetMessages(&shown);
 }
 
-EngineTest::~EngineTest() { SetMessages(nullptr); }
+EngineTest::~EngineTest() {
+  SetMessages(nullptr);
+}
 
 std::string Box(const std::string& procedure, int number) {
   return "ERROR in " + procedure + " of CALCS|Error: " + std::to_string(number) + ". " +
@@ -114,8 +116,8 @@ void SetMatrix(Matrix& re, Matrix& im, Value a, Value b, Value c, Value d) {
   if (off <= tolerance * size) {
     return ::testing::AssertionSuccess();
   }
-  return ::testing::AssertionFailure() << actual << " instead of " << expected << ", off by "
-                                       << off / size << " of its size";
+  return ::testing::AssertionFailure()
+         << actual << " instead of " << expected << ", off by " << off / size << " of its size";
 }
 
 namespace {

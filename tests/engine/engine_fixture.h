@@ -1,8 +1,7 @@
 #pragma once
 
-#include <gtest/gtest.h>
-
 #include <complex>
+#include <gtest/gtest.h>
 #include <string>
 #include <vector>
 

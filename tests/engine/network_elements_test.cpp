@@ -18,7 +18,9 @@ constexpr double kC = 3e-10;
 constexpr double kCb = 5e-10;
 const Value kJ{0, 1};
 
-Value Parallel(Value x, Value y) { return x * y / (x + y); }
+Value Parallel(Value x, Value y) {
+  return x * y / (x + y);
+}
 const Value kInductor = kJ * kOmega * kL;
 const Value kCapacitor = 1.0 / (kJ * kOmega * kC);
 const Value kCapacitorB = 1.0 / (kJ * kOmega * kCb);
@@ -39,9 +41,7 @@ class NetworkElements : public EngineTest {
     SetMatrix(sweep.MatRe, sweep.MatIm, 1, 0, 0, 1);
   }
 
-  static Value Section(int row, int column) {
-    return Entry(sweep.SecRe, sweep.SecIm, row, column);
-  }
+  static Value Section(int row, int column) { return Entry(sweep.SecRe, sweep.SecIm, row, column); }
   static void ExpectSection(Value a, Value b, Value c, Value d) {
     EXPECT_TRUE(Near(Section(1, 1), a, 1e-13));
     EXPECT_TRUE(Near(Section(1, 2), b, 1e-13));

@@ -15,13 +15,13 @@ inline const Value kImaginary{0, 1};
 
 /// What the plots of reflection, power and insertion loss show at a point, from the curves.
 struct PlotValues {
-  Value ge;             ///< plot 12, electrical reflection coefficient
-  Value ga;             ///< plot 22, acoustic reflection coefficient
-  double plot13 = 0;    ///< transmit efficiency
-  double plot23 = 0;    ///< receive efficiency
-  double plot15 = 0;    ///< transmit power transfer
-  double plot25 = 0;    ///< receive power transfer
-  double plot32 = 0;    ///< two-way insertion loss
+  Value ge;           ///< plot 12, electrical reflection coefficient
+  Value ga;           ///< plot 22, acoustic reflection coefficient
+  double plot13 = 0;  ///< transmit efficiency
+  double plot23 = 0;  ///< receive efficiency
+  double plot15 = 0;  ///< transmit power transfer
+  double plot25 = 0;  ///< receive power transfer
+  double plot32 = 0;  ///< two-way insertion loss
 };
 
 inline PlotValues PlotsAt(const SweptCurves& swept, std::size_t i) {

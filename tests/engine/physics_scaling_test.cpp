@@ -1,3 +1,5 @@
+#include <initializer_list>
+
 #include "physics_fixture.h"
 
 // How every design answers to a change of sign, size, network or plates.
@@ -167,8 +169,8 @@ TEST_F(PhysicsOfScaling, AMatchedLossyFacePlateDelaysAndAttenuates) {
       const double freq = FreqOf(i);
       const double decibels = 5 * thick * 100 * std::pow(freq / 2e6, 1.5);
       const double tolerance = 1e-9 + 5e-7 * decibels / 8;
-      const Value pass = std::pow(10, -decibels / 20) *
-                         std::exp(-kImaginary * kWholeTurn * freq * thick / 2400.0);
+      const Value pass =
+          std::pow(10, -decibels / 20) * std::exp(-kImaginary * kWholeTurn * freq * thick / 2400.0);
       EXPECT_TRUE(Near(after.TxTF[i], before.TxTF[i] * pass, tolerance));
       EXPECT_TRUE(Near(after.RxTF[i], before.RxTF[i] * pass, tolerance));
       EXPECT_TRUE(Near(after.TxEff[i], before.TxEff[i] * std::norm(pass), 2 * tolerance));

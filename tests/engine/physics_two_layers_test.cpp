@@ -53,13 +53,11 @@ TEST_F(TwoLayerPhysics, TheLowFrequencyCapacitanceInParallelIsFourTimesTheSingle
                   [](RandomDesigns&) {
                     const PiezoMaterial& matl = design.PZMatl(1);
                     const double fp = matl.Velocity / (2 * design.PZThick(1));
-                    const double c0 =
-                        design.ElementArea * matl.Ks * 8.85e-12 / design.PZThick(1);
+                    const double c0 = design.ElementArea * matl.Ks * 8.85e-12 / design.PZThick(1);
                     const double expected = 4 * c0 / (1 - matl.Kt * matl.Kt);
                     Divide(kParallel);
                     const double f = fp / 1000;
-                    const double capacitance =
-                        -1 / (kWholeTurn * f * SweptAt(f).ZinElec[0].imag());
+                    const double capacitance = -1 / (kWholeTurn * f * SweptAt(f).ZinElec[0].imag());
                     EXPECT_NEAR(capacitance, expected, 1e-3 * expected);
                   });
 }

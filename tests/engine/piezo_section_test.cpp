@@ -23,9 +23,7 @@ class PiezoSection : public EngineTest {
     sweep.Omega = freq * kTurn;
   }
 
-  static Value Section(int row, int column) {
-    return Entry(sweep.SecRe, sweep.SecIm, row, column);
-  }
+  static Value Section(int row, int column) { return Entry(sweep.SecRe, sweep.SecIm, row, column); }
 };
 
 TEST_F(PiezoSection, ConstantsOfALayer) {

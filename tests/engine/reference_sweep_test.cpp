@@ -48,15 +48,14 @@ constexpr int kOne = 1;
 constexpr int kTwo = 2;
 INSTANTIATE_TEST_SUITE_P(
     Designs, ReferenceSweep,
-    ::testing::Values(
-        SweepCase{"BareLayer", {kOne, false, false, false, false, false, 0}},
-        SweepCase{"LossyLayerWithPlates", {kOne, true, false, false, false, true, 3}},
-        SweepCase{"DispersivePlates", {kOne, true, true, false, false, true, 3}},
-        SweepCase{"ComplexLoads", {kOne, true, false, true, false, true, 2}},
-        SweepCase{"Networks", {kOne, true, false, false, true, true, 1}},
-        SweepCase{"TwoLayers", {kTwo, true, false, false, false, true, 2}},
-        SweepCase{"TwoDispersiveLayers", {kTwo, true, true, false, false, true, 2}},
-        SweepCase{"Everything", {0, true, true, true, true, true, 10}}),
+    ::testing::Values(SweepCase{"BareLayer", {kOne, false, false, false, false, false, 0}},
+                      SweepCase{"LossyLayerWithPlates", {kOne, true, false, false, false, true, 3}},
+                      SweepCase{"DispersivePlates", {kOne, true, true, false, false, true, 3}},
+                      SweepCase{"ComplexLoads", {kOne, true, false, true, false, true, 2}},
+                      SweepCase{"Networks", {kOne, true, false, false, true, true, 1}},
+                      SweepCase{"TwoLayers", {kTwo, true, false, false, false, true, 2}},
+                      SweepCase{"TwoDispersiveLayers", {kTwo, true, true, false, false, true, 2}},
+                      SweepCase{"Everything", {0, true, true, true, true, true, 10}}),
     [](const auto& param) { return param.param.name; });
 
 TEST_F(EngineTest, TheReferenceDesignsMeetEveryKindOfStackAndElement) {

@@ -99,10 +99,10 @@ TEST_F(FailingSweep, ATerminationThatFailsLeavesTheSizeOfTheRearBranch) {
   const double phase = 2 * 3.14159265358979 * 1e6 * 5e-8;
   const Value rearD = Value(0, std::sin(phase) / 3000) * 300.0 + std::cos(phase);
   const double load = 150;
-  const Value n = Entry(sweep.MatRe, sweep.MatIm, 1, 1) * load +
-                  Entry(sweep.MatRe, sweep.MatIm, 1, 2);
-  const Value d = Entry(sweep.MatRe, sweep.MatIm, 2, 1) * load +
-                  Entry(sweep.MatRe, sweep.MatIm, 2, 2);
+  const Value n =
+      Entry(sweep.MatRe, sweep.MatIm, 1, 1) * load + Entry(sweep.MatRe, sweep.MatIm, 1, 2);
+  const Value d =
+      Entry(sweep.MatRe, sweep.MatIm, 2, 1) * load + Entry(sweep.MatRe, sweep.MatIm, 2, 2);
   const double pRe = n.real() * d.real() + n.imag() * d.imag();
   EXPECT_NEAR(curves.ZinElecRe(0) * std::norm(rearD) / pRe, 1, 1e-10);
 }

@@ -80,12 +80,12 @@ INSTANTIATE_TEST_SUITE_P(Scientific, FormatPattern,
                                            FormatRow{1.2345e-15, "0.000E+00", "1.235E-15"},
                                            FormatRow{1e123, "0.000E+00", "1.000E+123"}));
 
-INSTANTIATE_TEST_SUITE_P(BeyondFifteenDigits, FormatPattern,
-                         ::testing::Values(FormatRow{1.23456789012345678, "0.00000000000000000",
-                                                     "1.23456789012346000"},
-                                           FormatRow{123456789012345678.0, "0", "123456789012346000"},
-                                           FormatRow{1e20, "##0.0", "100000000000000000000.0"},
-                                           FormatRow{1e-20, "##0.##0", "0.000"}));
+INSTANTIATE_TEST_SUITE_P(
+    BeyondFifteenDigits, FormatPattern,
+    ::testing::Values(FormatRow{1.23456789012345678, "0.00000000000000000", "1.23456789012346000"},
+                      FormatRow{123456789012345678.0, "0", "123456789012346000"},
+                      FormatRow{1e20, "##0.0", "100000000000000000000.0"},
+                      FormatRow{1e-20, "##0.##0", "0.000"}));
 
 TEST(Format, OverflowsForWhatIsNotFinite) {
   for (const double value :

@@ -162,11 +162,15 @@ struct SpanRow {
 
 TEST_F(AxisScaling, AutoscaleLooksAtTheMiddleOfTheSpan) {
   const SpanRow rows[] = {
-      {100, 0, 100, 0, 100}, {50, 0, 100, 25, 75}, {50, 200, 300, 225, 275},
-      {5, 0, 100, 47, 53},   {30, 0, 10, 3, 7},  // 0.35 x 10 = 3.5 points left out on each side,
-                                                 // whole ones only
-      {5, 0, 3, 1, 2},                           // one step
-      {5, 0, 1, 0, 1},       {0, 0, 2, 1, 2},    // nothing between: one step from the lower end
+      {100, 0, 100, 0, 100},
+      {50, 0, 100, 25, 75},
+      {50, 200, 300, 225, 275},
+      {5, 0, 100, 47, 53},
+      {30, 0, 10, 3, 7},  // 0.35 x 10 = 3.5 points left out on each side,
+                          // whole ones only
+      {5, 0, 3, 1, 2},    // one step
+      {5, 0, 1, 0, 1},
+      {0, 0, 2, 1, 2},  // nothing between: one step from the lower end
   };
   for (const SpanRow& row : rows) {
     SCOPED_TRACE(std::to_string(row.percent) + " % of " + std::to_string(row.first) + " to " +

@@ -1,5 +1,6 @@
 #include "plot/catalogue.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 #include "plot/plot_state.h"

@@ -1,5 +1,6 @@
 #include "plot/design_open.h"
 
+#include <cmath>
 #include <gmock/gmock.h>
 
 #include "plot/plot_select.h"

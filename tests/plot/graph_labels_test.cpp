@@ -209,10 +209,12 @@ TEST_F(GraphLabels, ThePeaksOfAnExcitationResponseAreTwoLinesOnScreenAndOneInThe
     measured.ImpulsePeak = 2;
     AxisLabelOn(Picture(), 4);
     const std::string unit = number == 17 ? "Pa/V" : number == 27 ? "V/MPa" : "V/V";
-    EXPECT_EQ(window.PeakLabel(),
-              "Pk Ampl = 40.00 dB re 1 " + unit + "\r\nImpulse = 6.02 dB re 1 " + unit);
-    EXPECT_EQ(measured.PeakAmplText,
-              "Pk Ampl = 40.00 dB re 1 " + unit + " Impulse = 6.02 dB re 1 " + unit);
+    std::string peak = "Pk Ampl = 40.00 dB re 1 ";
+    peak += unit;
+    std::string impulse = "Impulse = 6.02 dB re 1 ";
+    impulse += unit;
+    EXPECT_EQ(window.PeakLabel(), peak + "\r\n" + impulse);
+    EXPECT_EQ(measured.PeakAmplText, peak + " " + impulse);
   }
 }
 

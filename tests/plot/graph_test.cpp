@@ -158,15 +158,16 @@ TEST_F(Graphs, TheAxesAreABoxAndThirtySixTicksInward) {
   ASSERT_EQ(drawn.size(), 37U);
   EXPECT_EQ(drawn[0].kind, Kind::kBox);
   EXPECT_EQ(Corners(drawn[0]), (std::vector<double>{0, 0, 10, 10}));
+  std::size_t next = 1;
   for (int i = 1; i <= 9; ++i) {
     const std::vector<double> ticks[] = {{1.0 * i, 0, 1.0 * i, 0.13},
                                          {1.0 * i, 10, 1.0 * i, 9.87},
                                          {0, 1.0 * i, 0.1, 1.0 * i},
                                          {10, 1.0 * i, 9.9, 1.0 * i}};
-    for (int side = 0; side < 4; ++side) {
-      const DrawnOperation& tick = drawn[static_cast<std::size_t>(4 * (i - 1) + side + 1)];
+    for (const std::vector<double>& expected : ticks) {
+      const DrawnOperation& tick = drawn.at(next++);
       EXPECT_EQ(tick.kind, Kind::kLine);
-      EXPECT_EQ(Corners(tick), ticks[side]);
+      EXPECT_EQ(Corners(tick), expected);
       EXPECT_EQ(tick.drawStyle, kSolid);
       EXPECT_EQ(tick.drawMode, kCopyPen);
       EXPECT_EQ(tick.drawWidth, 1);

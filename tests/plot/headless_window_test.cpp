@@ -1,5 +1,6 @@
 #include "plot/headless_window.h"
 
+#include <functional>
 #include <gmock/gmock.h>
 
 #include "platform/failure.h"

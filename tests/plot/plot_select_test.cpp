@@ -1,5 +1,7 @@
 #include "plot/plot_select.h"
 
+#include <algorithm>
+#include <cmath>
 #include <filesystem>
 #include <gtest/gtest.h>
 

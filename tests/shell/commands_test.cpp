@@ -1,6 +1,6 @@
 #include <QAction>
-#include <QClipboard>
 #include <QCheckBox>
+#include <QClipboard>
 #include <QLabel>
 #include <QListWidget>
 #include <QScreen>
@@ -19,7 +19,9 @@ namespace {
 
 class Commands : public WindowTest {};
 
-QString ClipboardText() { return QGuiApplication::clipboard()->text(); }
+QString ClipboardText() {
+  return QGuiApplication::clipboard()->text();
+}
 
 TEST_F(Commands, CopyTheGraphAsItIsSeen) {
   StartWithDesign();
@@ -58,7 +60,8 @@ TEST_F(Commands, SaveTheGraphsData) {
     QTest::keyClick(name, Qt::Key_Return);
   });
   ClickMenu("mnuEditSaveGraphData");
-  EXPECT_TRUE(ReadFile(Data("GRAPH1.DAT")).starts_with("\"Halvorne for Windows Version 4.01\"\r\n"));
+  EXPECT_TRUE(
+      ReadFile(Data("GRAPH1.DAT")).starts_with("\"Halvorne for Windows Version 4.01\"\r\n"));
 }
 
 TEST_F(Commands, SaveTheGraphsDataAsksBeforeItOverwrites) {

@@ -1,11 +1,10 @@
-#include <sys/resource.h>
-
 #include <QAction>
 #include <QMimeData>
 #include <QTest>
 #include <QUrl>
 #include <csignal>
 #include <fstream>
+#include <sys/resource.h>
 
 #include "engine/design_model.h"
 #include "plot/plot_state.h"
@@ -22,10 +21,10 @@ class Document : public WindowTest {
       .icon = QMessageBox::Warning};
 };
 
-const ExpectedBox kOverwriteNo = Question("Halvorne Save File", "Overwrite existing file?",
-                                          QMessageBox::No);
-const ExpectedBox kOverwriteYes = Question("Halvorne Save File", "Overwrite existing file?",
-                                           QMessageBox::Yes);
+const ExpectedBox kOverwriteNo =
+    Question("Halvorne Save File", "Overwrite existing file?", QMessageBox::No);
+const ExpectedBox kOverwriteYes =
+    Question("Halvorne Save File", "Overwrite existing file?", QMessageBox::Yes);
 
 TEST_F(Document, OpensThroughTheFileDialog) {
   const std::string path = MakeDesignFile();
@@ -34,9 +33,7 @@ TEST_F(Document, OpensThroughTheFileDialog) {
     EXPECT_EQ(dialog.directory().absolutePath().toStdString(), (Folder() / "DATA").string());
     EXPECT_EQ(dialog.nameFilters(), QStringList({"All Files (*.*)", "Data Files (*.dat)"}));
     EXPECT_EQ(dialog.selectedNameFilter(), QStringLiteral("All Files (*.*)"));
-    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    QTest::keyClicks(name, QString::fromStdString(path));
-    QTest::keyClick(name, Qt::Key_Return);
+    EnterName(dialog, path);
   });
   ClickMenu("mnuFileItem(1)");
   EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + path);
@@ -51,9 +48,8 @@ TEST_F(Document, ShowsAllFilesEvenWithoutAPoint) {
   StartProgram();
   script.ExpectFileDialog("File Open", [](QFileDialog& dialog) {
     auto* const view = dialog.findChild<QAbstractItemView*>(QStringLiteral("listView"));
-    EXPECT_TRUE(QTest::qWaitFor([&] {
-      return view->model()->rowCount(view->rootIndex()) == 1;
-    })) << "the folder's only file has no point in its name and is hidden";
+    EXPECT_TRUE(QTest::qWaitFor([&] { return view->model()->rowCount(view->rootIndex()) == 1; }))
+        << "the folder's only file has no point in its name and is hidden";
     dialog.reject();
   });
   script.Expect(FileBox("File Open", 32755, "Cancel was selected."));
@@ -110,11 +106,9 @@ TEST_F(Document, SavesUnderANewName) {
   script.ExpectFileDialog("Save As", [&](QFileDialog& dialog) {
     EXPECT_EQ(dialog.acceptMode(), QFileDialog::AcceptSave);
     EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite));
-    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+    const auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
     EXPECT_EQ(name->text().toStdString(), "probe.dat") << "the file's name is not offered";
-    name->selectAll();
-    QTest::keyClicks(name, QString::fromStdString(copy));
-    QTest::keyClick(name, Qt::Key_Return);
+    EnterName(dialog, copy);
   });
   ClickMenu("mnuFileItem(2)");
   EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + copy);

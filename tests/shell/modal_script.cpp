@@ -1,20 +1,19 @@
 #include "shell/modal_script.h"
 
-#include <gtest/gtest.h>
-
 #include <QAbstractButton>
 #include <QApplication>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
 #include <algorithm>
+#include <gtest/gtest.h>
 
 namespace halvorne::testing {
 namespace {
 
 std::string Describe(const QWidget& window) {
-  std::string words = window.objectName().toStdString() + " \"" +
-                      window.windowTitle().toStdString() + "\"";
+  std::string words =
+      window.objectName().toStdString() + " \"" + window.windowTitle().toStdString() + "\"";
   if (const auto* const box = qobject_cast<const QMessageBox*>(&window)) {
     words += ": " + box->text().toStdString();
   }
@@ -54,7 +53,16 @@ ExpectedBox FileBox(const std::string& title, int number, const std::string& des
           .icon = QMessageBox::Critical};
 }
 
-ModalScript::ModalScript() { LookAgainSoon(); }
+void EnterName(QFileDialog& dialog, const std::string& name) {
+  auto* const box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  // At once: letter by letter the dialog's completion would open its list under the test's keys.
+  box->setText(QString::fromStdString(name));
+  QTest::keyClick(box, Qt::Key_Return);
+}
+
+ModalScript::ModalScript() {
+  LookAgainSoon();
+}
 
 // A new timer each time: one that is running its slot does not fire while that waits for the next
 // window.
@@ -88,14 +96,8 @@ void ModalScript::ExpectFileDialog(const std::string& title,
                     }});
 }
 
-void ModalScript::ExpectFileDialog(const std::string& title, const std::string& typedName) {
-  ExpectFileDialog(title, [typedName](QFileDialog& dialog) {
-    auto* const name = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-    name->setFocus();
-    name->selectAll();
-    QTest::keyClicks(name, QString::fromStdString(typedName));
-    QTest::keyClick(name, Qt::Key_Return);
-  });
+void ModalScript::ExpectFileDialog(const std::string& title, const std::string& name) {
+  ExpectFileDialog(title, [name](QFileDialog& dialog) { EnterName(dialog, name); });
 }
 
 void ModalScript::ExpectCancelledFileDialog(const std::string& title) {

@@ -29,6 +29,9 @@ ExpectedBox Question(const std::string& title, const std::string& text,
 /// The box of the file commands.
 ExpectedBox FileBox(const std::string& title, int number, const std::string& description);
 
+/// Puts a name into a file dialog and presses Enter.
+void EnterName(QFileDialog& dialog, const std::string& name);
+
 /// Stands in for the person in front of modal windows: each that opens is met with the next step.
 /// A window that no step expects is a failure and is dismissed.
 class ModalScript : public QObject {
@@ -38,8 +41,8 @@ class ModalScript : public QObject {
   void Expect(const ExpectedBox& box);
   /// The next window is a file dialog of that title.
   void ExpectFileDialog(const std::string& title, std::function<void(QFileDialog&)> act);
-  /// The same, in which a name is typed and Enter pressed.
-  void ExpectFileDialog(const std::string& title, const std::string& typedName);
+  /// The same, answered with a name.
+  void ExpectFileDialog(const std::string& title, const std::string& name);
   void ExpectCancelledFileDialog(const std::string& title);
   /// The next window is of another kind.
   void ExpectWindow(const std::string& what, std::function<void(QWidget&)> act);

@@ -1,6 +1,5 @@
-#include <gmock/gmock.h>
-
 #include <QAction>
+#include <gmock/gmock.h>
 
 #include "engine/design_model.h"
 #include "plot/catalogue.h"

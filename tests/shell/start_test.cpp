@@ -17,12 +17,12 @@ class Start : public WindowTest {};
 
 const ExpectedBox kMissingHelp{
     .title = "   Missing File!",
-    .text = "Microsoft does not include Winhlp32.exe in its windows distribution for Windows 7 or "
-            "Vista.\n\nYou need to download and install this file for the help system to operate.",
+    .text =
+        "Microsoft does not include Winhlp32.exe in its windows distribution for Windows 7 or "
+        "Vista.\n\nYou need to download and install this file for the help system to operate.",
     .icon = QMessageBox::Warning};
-const ExpectedBox kMissingDatabase{.title = "Halvorne",
-                                   .text = "Database file doesn't exist!",
-                                   .icon = QMessageBox::Critical};
+const ExpectedBox kMissingDatabase{
+    .title = "Halvorne", .text = "Database file doesn't exist!", .icon = QMessageBox::Critical};
 
 TEST_F(Start, ShowsNoDesignAndAnswersToFileAndHelpOnly) {
   StartProgram();
@@ -118,7 +118,8 @@ TEST_F(Start, LeavesTheFieldsThatAShortSetupFileLacksAtZero) {
 
 TEST_F(Start, NamesTheSources) {
   StartProgram();
-  for (const auto& [name, file] : {std::pair{"acoustic", "Acoustic.mdb"}, {"pzmatls", "pzmatls.mdb"}}) {
+  for (const auto& [name, file] :
+       {std::pair{"acoustic", "Acoustic.mdb"}, {"pzmatls", "pzmatls.mdb"}}) {
     ASSERT_TRUE(QSqlDatabase::contains(QString::fromLatin1(name))) << name;
     QSqlDatabase source = QSqlDatabase::database(QString::fromLatin1(name));
     EXPECT_EQ(source.databaseName().toStdString(), (Folder() / "Database" / file).string());
@@ -128,9 +129,7 @@ TEST_F(Start, NamesTheSources) {
 
 TEST_F(Start, OfTheStartWindowLastsASecondAndIsUnloadedByTheMainWindow) {
   bool stood = false;
-  auto* const startup = new frmStartup([&] {
-    StartProgram();
-  });
+  auto* const startup = new frmStartup([&] { StartProgram(); });
   const QPointer<frmStartup> watched = startup;
   QTimer::singleShot(200, startup, [&] { stood = startup->isVisible(); });
   QElapsedTimer clock;
@@ -200,7 +199,8 @@ TEST_F(Start, NeverLetsTheWindowBecomeSmallerThanHalfTheScreenOrItsContents) {
 
 TEST_F(Start, EndsTheProcessWhenTheUserClosesTheWindow) {
   StartProgram();
-  QTimer::singleShot(0, main.get(), [this] { QTest::keyClick(main.get(), Qt::Key_Q, Qt::ControlModifier); });
+  QTimer::singleShot(0, main.get(),
+                     [this] { QTest::keyClick(main.get(), Qt::Key_Q, Qt::ControlModifier); });
   EXPECT_EQ(QApplication::exec(), 0) << "Exit does not end the event loop";
 }
 

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <gtest/gtest.h>
-
 #include <string>
 #include <vector>
 
@@ -13,11 +12,13 @@ namespace halvorne::testing {
 /// The program as it stands before any file was read: all state zero, a window that shows nothing,
 /// messages written down.
 class FreshProgram : public ::testing::Test {
+ public:
+  FreshProgram(const FreshProgram&) = delete;
+  FreshProgram& operator=(const FreshProgram&) = delete;
+
  protected:
   FreshProgram();
   ~FreshProgram() override;
-  FreshProgram(const FreshProgram&) = delete;
-  FreshProgram& operator=(const FreshProgram&) = delete;
 
   RecordedMessages shownMessages;
   HeadlessWindow window;

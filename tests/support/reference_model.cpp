@@ -24,16 +24,24 @@ TwoPort operator*(const TwoPort& l, const TwoPort& r) {
           l.c * r.b + l.d * r.d};
 }
 
-TwoPort Series(Value impedance) { return {1, impedance, 0, 1}; }
-TwoPort Shunt(Value admittance) { return {1, 0, admittance, 1}; }
-TwoPort Transformer(Real ratio) { return {ratio, 0, 0, 1 / ratio}; }
+TwoPort Series(Value impedance) {
+  return {1, impedance, 0, 1};
+}
+TwoPort Shunt(Value admittance) {
+  return {1, 0, admittance, 1};
+}
+TwoPort Transformer(Real ratio) {
+  return {ratio, 0, 0, 1 / ratio};
+}
 
 /// Line of propagation g; the impedance of the forward entry may differ from that of the other.
 TwoPort Line(Value g, Real zForward, Real zBackward) {
   return {std::cosh(g), zForward * std::sinh(g), std::sinh(g) / zBackward, std::cosh(g)};
 }
 
-Value Parallel(Value z1, Value z2) { return z1 * z2 / (z1 + z2); }
+Value Parallel(Value z1, Value z2) {
+  return z1 * z2 / (z1 + z2);
+}
 
 struct Frequency {
   std::int32_t point;
@@ -129,28 +137,59 @@ TwoPort Element(const Frequency& at, int row, TwoPort& standing) {
   const Value ladder = inductor(c3) + Parallel(c2, capacitor(c4));
   TwoPort section = standing;
   switch (static_cast<int>(design.ElNet(row, 1))) {
-    case 1: section = Series(c2); break;
-    case 2: section = Shunt(1 / c2); break;
-    case 3: section = Series(inductor(c2)); break;
-    case 4: section = Shunt(Real{1} / inductor(c2)); break;
-    case 5: section = Series(capacitor(c2)); break;
-    case 6: section = Shunt(Real{1} / capacitor(c2)); break;
-    case 7: section = Cable(at, c2, c3, c4, c5); break;
+    case 1:
+      section = Series(c2);
+      break;
+    case 2:
+      section = Shunt(1 / c2);
+      break;
+    case 3:
+      section = Series(inductor(c2));
+      break;
+    case 4:
+      section = Shunt(Real{1} / inductor(c2));
+      break;
+    case 5:
+      section = Series(capacitor(c2));
+      break;
+    case 6:
+      section = Shunt(Real{1} / capacitor(c2));
+      break;
+    case 7:
+      section = Cable(at, c2, c3, c4, c5);
+      break;
     case 8:
-    case 17: section = Transformer(c2 / c3); break;
+    case 17:
+      section = Transformer(c2 / c3);
+      break;
     case 9: {
       const Value shunt = 1 / c3 + Real{1} / inductor(c4) + Real{1} / capacitor(c5);
       standing = Series(inductor(c2));
       return standing * Shunt(shunt) * standing;
     }
-    case 10: section = Series(Parallel(Parallel(c2, inductor(c3)), capacitor(c4))); break;
-    case 11: section = Series(Parallel(tank, capacitor(c4))); break;
-    case 12: section = Series(ladder); break;
-    case 13: section = Series(Parallel(tank + capacitor(c4), capacitor(c5))); break;
-    case 14: section = Shunt(Real{1} / Parallel(tank, capacitor(c4))); break;
-    case 15: section = Shunt(Real{1} / ladder); break;
-    case 16: section = Shunt(Real{1} / (tank + capacitor(c4))); break;
-    default: break;
+    case 10:
+      section = Series(Parallel(Parallel(c2, inductor(c3)), capacitor(c4)));
+      break;
+    case 11:
+      section = Series(Parallel(tank, capacitor(c4)));
+      break;
+    case 12:
+      section = Series(ladder);
+      break;
+    case 13:
+      section = Series(Parallel(tank + capacitor(c4), capacitor(c5)));
+      break;
+    case 14:
+      section = Shunt(Real{1} / Parallel(tank, capacitor(c4)));
+      break;
+    case 15:
+      section = Shunt(Real{1} / ladder);
+      break;
+    case 16:
+      section = Shunt(Real{1} / (tank + capacitor(c4)));
+      break;
+    default:
+      break;
   }
   standing = section;
   return section;
@@ -169,8 +208,8 @@ Value RearAdmittance(const Frequency& at) {
   TwoPort rear = HalfLayer(at, kBackSlot, 1);
   Real area = design.ElementArea;
   for (int k = 1; k <= design.NoBack; ++k) {
-    rear = rear * Plate(at, kBackSlot + k, design.BackMatl(k), design.BackThick(k),
-                        design.BackArea(k));
+    rear = rear *
+           Plate(at, kBackSlot + k, design.BackMatl(k), design.BackThick(k), design.BackArea(k));
     area = Real{design.ElementArea} * design.BackArea(k);
   }
   const Value load = area * Load(design.ZBackLoad, design.ZBackComplex,
@@ -181,16 +220,15 @@ Value RearAdmittance(const Frequency& at) {
 }  // namespace
 
 ReferencePoint ReferenceAt(std::int32_t point) {
-  const Real f = design.FreqStart +
-                 point * (Real{design.FreqStop} - design.FreqStart) / design.NoFreqPts;
+  const Real f =
+      design.FreqStart + point * (Real{design.FreqStop} - design.FreqStart) / design.NoFreqPts;
   const Frequency at{point, f, f * kTwoPiExact};
 
   const TwoPort stack = Stack(at, RearAdmittance(at));
   TwoPort whole = stack * HalfLayer(at, 0, design.NoPiezo == 1 ? 1 : 2);
   Real area = design.ElementArea;
   for (int k = 1; k <= design.NoFace; ++k) {
-    whole = whole *
-            Plate(at, k, design.FaceMatl(k), design.FrontThick(k), design.FrontArea(k));
+    whole = whole * Plate(at, k, design.FaceMatl(k), design.FrontThick(k), design.FrontArea(k));
     area = Real{design.ElementArea} * design.FrontArea(k);
   }
   TwoPort standing = stack;
@@ -198,8 +236,8 @@ ReferencePoint ReferenceAt(std::int32_t point) {
     whole = Element(at, row, standing) * whole;
   }
 
-  const Value specific = Load(design.ZFrontLoad, design.ZFrontComplex,
-                              design.ZFrontNormRe(point), design.ZFrontNormIm(point));
+  const Value specific = Load(design.ZFrontLoad, design.ZFrontComplex, design.ZFrontNormRe(point),
+                              design.ZFrontNormIm(point));
   const Value n = whole.a * specific * area + whole.b;
   const Value d = whole.c * specific * area + whole.d;
   const Real transmitter = design.TermTx;
@@ -215,8 +253,8 @@ ReferencePoint ReferenceAt(std::int32_t point) {
   result.RxTF = Narrow(rx * Real{1e6});
   result.TwoWayTF = Narrow(tx * rx);
   result.TxEff = static_cast<double>(area * specific.real() / (n / d * std::norm(d)).real());
-  result.RxEff = static_cast<double>(
-      receiver / (acoustic * std::norm(whole.c * receiver + whole.a)).real());
+  result.RxEff =
+      static_cast<double>(receiver / (acoustic * std::norm(whole.c * receiver + whole.a)).real());
   return result;
 }
 

@@ -8,10 +8,16 @@
 
 namespace halvorne::Clipboard {
 
-void Clear() { QGuiApplication::clipboard()->clear(); }
+void Clear() {
+  QGuiApplication::clipboard()->clear();
+}
 
-void SetText(const std::string& text) { QGuiApplication::clipboard()->setText(ToQString(text)); }
+void SetText(const std::string& text) {
+  QGuiApplication::clipboard()->setText(ToQString(text));
+}
 
-void SetData(const QImage& bitmap) { QGuiApplication::clipboard()->setImage(bitmap); }
+void SetData(const QImage& bitmap) {
+  QGuiApplication::clipboard()->setImage(bitmap);
+}
 
 }  // namespace halvorne::Clipboard

@@ -17,7 +17,9 @@ constexpr double kPrintedWidth = 2.0 / 3.0;
 /// next to nothing. Longer traces are so dense that smoothing would not show.
 constexpr double kSmoothTravel = 12;
 
-QColor ToQColor(Colour colour) { return {colour.red, colour.green, colour.blue}; }
+QColor ToQColor(Colour colour) {
+  return {colour.red, colour.green, colour.blue};
+}
 
 QStringList Lines(std::string_view text) {
   return ToQString(text).replace(QStringLiteral("\r\n"), QStringLiteral("\n")).split(u'\n');
@@ -31,8 +33,8 @@ QRectF Grown(const QRectF& rectangle, double margin) {
 
 QFont PictureFont() {
   QFont font;
-  font.setFamilies({QStringLiteral("Arial"), QStringLiteral("Liberation Sans"),
-                    QStringLiteral("DejaVu Sans")});
+  font.setFamilies(
+      {QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
   font.setStyleHint(QFont::SansSerif);
   font.setPointSizeF(8);
   return font;
@@ -60,8 +62,7 @@ void DrawingSurface::MakeMaps() {
 
 void DrawingSurface::MakeFont() {
   // A vector file is seen at any size, where letters have their true widths.
-  font_.setHintingPreference(canvas_.vector ? QFont::PreferNoHinting
-                                            : QFont::PreferDefaultHinting);
+  font_.setHintingPreference(canvas_.vector ? QFont::PreferNoHinting : QFont::PreferDefaultHinting);
   metrics_ = Device() != nullptr ? QFontMetricsF(font_, Device()) : QFontMetricsF(font_);
 }
 
@@ -80,10 +81,7 @@ void DrawingSurface::Cls() {
 double DrawingSurface::PenWidth() const {
   const double fineness = kind_ == SurfaceKind::kPrinter ? kPrintedWidth : 1;
   const double width = drawWidth_ * fineness * canvas_.unitsPerPixel;
-  if (canvas_.devicePixels == 0) {
-    return width;
-  }
-  return std::max(1.0, std::round(width * canvas_.devicePixels)) / canvas_.devicePixels;
+  return canvas_.pixelGrid ? std::max(1.0, std::round(width)) : width;
 }
 
 QPen DrawingSurface::MakePen(Colour colour) const {
@@ -98,17 +96,16 @@ QPen DrawingSurface::MakePen(Colour colour) const {
   return pen;
 }
 
-double DrawingSurface::OnPixels(double coordinate) const {
-  if (canvas_.devicePixels == 0) {
+double DrawingSurface::OnGrid(double coordinate) const {
+  if (!canvas_.pixelGrid) {
     return coordinate;
   }
-  const double position = coordinate * canvas_.devicePixels;
-  const bool odd = std::lround(PenWidth() * canvas_.devicePixels) % 2 != 0;
-  return (odd ? std::floor(position) + 0.5 : std::round(position)) / canvas_.devicePixels;
+  const bool odd = std::lround(PenWidth()) % 2 != 0;
+  return odd ? std::floor(coordinate) + 0.5 : std::round(coordinate);
 }
 
-QPointF DrawingSurface::OnPixels(QPointF point) const {
-  return {OnPixels(point.x()), OnPixels(point.y())};
+QPointF DrawingSurface::OnGrid(QPointF point) const {
+  return {OnGrid(point.x()), OnGrid(point.y())};
 }
 
 void DrawingSurface::Line(double x1, double y1, double x2, double y2) {
@@ -118,7 +115,7 @@ void DrawingSurface::Line(double x1, double y1, double x2, double y2) {
 void DrawingSurface::Line(double x1, double y1, double x2, double y2, Colour colour) {
   QLineF line(Map(x1, y1), Map(x2, y2));
   if (x1 == x2 || y1 == y2) {
-    line = {OnPixels(line.p1()), OnPixels(line.p2())};
+    line = {OnGrid(line.p1()), OnGrid(line.p2())};
   }
   DrawLine({line, MakePen(colour)});
   pen_ = {x2, y2};
@@ -139,7 +136,7 @@ void DrawingSurface::DrawLine(const PaintedLine& line) {
 }
 
 void DrawingSurface::Box(double x1, double y1, double x2, double y2) {
-  const QRectF box(OnPixels(Map(x1, y1)), OnPixels(Map(x2, y2)));
+  const QRectF box(OnGrid(Map(x1, y1)), OnGrid(Map(x2, y2)));
   const QPen pen = MakePen(foreColour_);
   Paint(Grown(box, pen.widthF() + 1), [&](QPainter& painter) {
     painter.setRenderHint(QPainter::Antialiasing);
@@ -159,15 +156,29 @@ void DrawingSurface::Polyline(std::span<const Point> points) {
   const double size = canvas_.size.width() + canvas_.size.height();
   const bool smooth = canvas_.vector || TravelOf(line) < kSmoothTravel * size;
   QPen pen = MakePen(foreColour_);
-  pen.setJoinStyle(Qt::RoundJoin);
+  pen.setJoinStyle(Qt::BevelJoin);  // round ones cost as much as the whole trace
   Paint(Grown(line.boundingRect(), pen.widthF() + 1), [&](QPainter& painter) {
-    painter.setRenderHint(QPainter::Antialiasing, smooth);
-    if (!canvas_.vector) {  // without it the toolkit clips each segment on its own
-      painter.setClipRect(QRectF({0, 0}, canvas_.size));
+    if (smooth) {
+      painter.setRenderHint(QPainter::Antialiasing);
+      painter.setPen(pen);
+      painter.drawPolyline(line);
+    } else {
+      PaintDense(painter, line, pen);
     }
-    painter.setPen(pen);
-    painter.drawPolyline(line);
   });
+}
+
+void DrawingSurface::PaintDense(QPainter& painter, const QPolygonF& line, QPen pen) const {
+  // A pen of one pixel, drawn as often as it takes to fill the width: the toolkit needs seconds to
+  // outline thousands of steep lines with a wider one.
+  const int width = std::max(1, static_cast<int>(std::lround(pen.widthF())));
+  pen.setWidth(1);
+  painter.setRenderHint(QPainter::Antialiasing, false);
+  painter.setClipRect(QRectF({0, 0}, canvas_.size));  // else each segment is clipped on its own
+  painter.setPen(pen);
+  for (int copy = 0; copy < width * width; ++copy) {
+    painter.drawPolyline(line.translated(copy % width, copy / width));
+  }
 }
 
 void DrawingSurface::SetFontSize(double points) {
@@ -178,7 +189,9 @@ void DrawingSurface::SetFontSize(double points) {
   MakeFont();
 }
 
-void DrawingSurface::SetFontUnderline(bool on) { font_.setUnderline(on); }
+void DrawingSurface::SetFontUnderline(bool on) {
+  font_.setUnderline(on);
+}
 
 double DrawingSurface::TextWidth(std::string_view text) const {
   double widest = 0;
@@ -204,9 +217,8 @@ void DrawingSurface::Print(std::string_view text) {
 
 void DrawingSurface::PrintPart(const QString& text) {
   QPointF topLeft = Map(pen_.x, pen_.y);
-  if (canvas_.devicePixels != 0) {  // whole device pixels keep the letters' edges crisp
-    topLeft = {std::round(topLeft.x() * canvas_.devicePixels) / canvas_.devicePixels,
-               std::round(topLeft.y() * canvas_.devicePixels) / canvas_.devicePixels};
+  if (canvas_.pixelGrid) {  // keeps the letters' edges crisp
+    topLeft = topLeft.toPoint();
   }
   const double width = metrics_.horizontalAdvance(text);
   const QRectF extent(topLeft, QSizeF(width, metrics_.height()));
@@ -221,6 +233,8 @@ void DrawingSurface::PrintPart(const QString& text) {
   pen_.x += width / mapX_.factor;
 }
 
-void DrawingSurface::PrintLineEnd() { pen_ = {0, pen_.y + metrics_.height() / mapY_.factor}; }
+void DrawingSurface::PrintLineEnd() {
+  pen_ = {0, pen_.y + metrics_.height() / mapY_.factor};
+}
 
 }  // namespace halvorne

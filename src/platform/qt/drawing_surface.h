@@ -22,10 +22,10 @@ QFont PictureFont();
 /// Where a surface paints, in the painter's own units.
 struct Canvas {
   QSizeF size{1, 1};
-  double unitsPerPixel = 1;   ///< painter units of one pixel of 1/96 inch
-  double devicePixels = 1;    ///< pixels in a painter unit that lines are laid on; 0: on none
+  double unitsPerPixel = 1;  ///< painter units of one pixel of 1/96 inch
+  bool pixelGrid = true;     ///< a unit is a pixel, and lines along the axes are laid on whole ones
+  bool vector = false;       ///< keeps lines as such, so that each is smooth and none costs time
   double columnsPerUnit = 1;  ///< how finely a dense trace is resolved
-  bool vector = false;        ///< keeps lines as such, so that each is smooth and none costs time
 };
 
 /// A straight line as it is painted.
@@ -38,8 +38,8 @@ struct PaintedLine {
 /// What the painted surfaces share: the logical scale, the pen, the font, and how each operation
 /// looks. Where and when it is painted is the derived class's matter.
 ///
-/// On devices with pixels, lines along the axes cover whole device pixels, so that they are crisp
-/// at any pixel ratio. A line width of 1 is a pixel of 1/96 inch; on the printer a finer one.
+/// On a grid of pixels, lines along the axes cover whole pixels, so that they are crisp at any
+/// resolution. A line width of 1 is a pixel of 1/96 inch; on the printer a finer one.
 class DrawingSurface : public Surface {
  public:
   SurfaceKind Kind() const override { return kind_; }
@@ -94,8 +94,10 @@ class DrawingSurface : public Surface {
   void MakeFont();
   double PenWidth() const;
   QPen MakePen(Colour colour) const;
-  QPointF OnPixels(QPointF point) const;
-  double OnPixels(double coordinate) const;
+  /// A trace so dense that smoothing would not show, on a device with pixels.
+  void PaintDense(QPainter& painter, const QPolygonF& line, QPen pen) const;
+  QPointF OnGrid(QPointF point) const;
+  double OnGrid(double coordinate) const;
   void PrintPart(const QString& text);
 
   SurfaceKind kind_;

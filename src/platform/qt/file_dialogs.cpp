@@ -54,9 +54,13 @@ void OfferName(QFileDialog& dialog, const QString& name) {
 
 }  // namespace
 
-void CommonDialog::ShowOpen(QWidget* owner) { Show(owner, false); }
+void CommonDialog::ShowOpen(QWidget* owner) {
+  Show(owner, false);
+}
 
-void CommonDialog::ShowSave(QWidget* owner) { Show(owner, true); }
+void CommonDialog::ShowSave(QWidget* owner) {
+  Show(owner, true);
+}
 
 void CommonDialog::ShowHelp() const {
   ShowHelpWindow(HelpFile, HelpCommand == kHelpSearch, HelpKey);

@@ -19,12 +19,12 @@ class CommonDialog {
   /// @param name  objectName of the dialogs it shows
   explicit CommonDialog(std::string name) : name_(std::move(name)) {}
 
-  std::string InitDir;      ///< folder that the dialog shows
-  std::string Filter;       ///< "text|pattern|text|pattern"
-  int FilterIndex = 1;      ///< chosen pair of it, from 1
-  int Flags = 0;            ///< kOverwritePrompt or 0
+  std::string InitDir;  ///< folder that the dialog shows
+  std::string Filter;   ///< "text|pattern|text|pattern"
+  int FilterIndex = 1;  ///< chosen pair of it, from 1
+  int Flags = 0;        ///< kOverwritePrompt or 0
   std::string DialogTitle;
-  std::string FileName;     ///< before: the name offered; after: the one chosen
+  std::string FileName;      ///< before: the name offered; after: the one chosen
   bool CancelError = false;  ///< Cancel raises 32755 instead of emptying FileName
 
   std::string HelpFile;  ///< the collection's list of contents

@@ -91,9 +91,13 @@ Command::~Command() {
   }
 }
 
-MessageBoxes::MessageBoxes() { boxesInForce = this; }
+MessageBoxes::MessageBoxes() {
+  boxesInForce = this;
+}
 
-MessageBoxes::~MessageBoxes() { boxesInForce = nullptr; }
+MessageBoxes::~MessageBoxes() {
+  boxesInForce = nullptr;
+}
 
 MessageAnswer MessageBoxes::Show(const Message& message) {
   const bool counted = Command::Running();
@@ -108,8 +112,8 @@ MessageAnswer MessageBoxes::Show(const Message& message) {
   Fill(box, message);
   QCheckBox* silence = nullptr;
   if (counted && ++shownInCommand_[words].times > 1) {
-    silence = new QCheckBox(
-        QStringLiteral("Do not show this message again until the command ends"));
+    silence =
+        new QCheckBox(QStringLiteral("Do not show this message again until the command ends"));
     box.setCheckBox(silence);
   }
   const MessageAnswer answer = AnswerOf(box.exec(), message);

@@ -43,8 +43,12 @@ void FramePages::Show(int index) {
   Button(index)->setChecked(true);
 }
 
-double BoxValue(const QLineEdit* box) { return SafeVal(FromQString(box->text())); }
+double BoxValue(const QLineEdit* box) {
+  return SafeVal(FromQString(box->text()));
+}
 
-void SetBoxText(QLineEdit* box, const std::string& text) { box->setText(ToQString(text)); }
+void SetBoxText(QLineEdit* box, const std::string& text) {
+  box->setText(ToQString(text));
+}
 
 }  // namespace halvorne

@@ -76,7 +76,9 @@ class FramePages {
   /// Adds a page; the dialog keeps the size of its largest one.
   void Add(QAbstractButton* button, QFrame* frame);
   void Show(int index);
-  QAbstractButton* Button(int index) const { return pages_.at(static_cast<std::size_t>(index)).button; }
+  QAbstractButton* Button(int index) const {
+    return pages_.at(static_cast<std::size_t>(index)).button;
+  }
 
  private:
   struct Page {

@@ -13,15 +13,12 @@ constexpr double kVectorColumns = 4;
 
 Canvas CanvasOf(const QPaintDevice& device) {
   Canvas canvas;
-  canvas.vector = device.devType() != QInternal::Image;
-  canvas.unitsPerPixel = device.logicalDpiY() / kPixelsPerInch;
   canvas.size = QSizeF(device.width(), device.height());
-  if (!canvas.vector) {
-    canvas.devicePixels = canvas.columnsPerUnit = device.devicePixelRatioF();
-    canvas.size /= canvas.devicePixels;
-  } else {
-    // A drawing in units of screen pixels is mostly seen at that size; finer ones need no grid.
-    canvas.devicePixels = canvas.unitsPerPixel == 1 ? 1 : 0;
+  canvas.unitsPerPixel = device.logicalDpiY() / kPixelsPerInch;
+  canvas.vector = device.devType() != QInternal::Image;
+  if (canvas.vector) {
+    // A file in units of screen pixels is mostly seen at that size; finer units need no grid.
+    canvas.pixelGrid = canvas.unitsPerPixel == 1;
     canvas.columnsPerUnit = kVectorColumns / canvas.unitsPerPixel;
   }
   return canvas;
@@ -53,6 +50,8 @@ void PainterSurface::NewPage() {
   MoveTo(0, 0);
 }
 
-void PainterSurface::EndDoc() { painter_.end(); }
+void PainterSurface::EndDoc() {
+  painter_.end();
+}
 
 }  // namespace halvorne

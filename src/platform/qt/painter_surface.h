@@ -6,8 +6,10 @@ namespace halvorne {
 
 /// A surface over any paint device: an image, a vector file, a printer.
 ///
-/// It fills the device's whole drawing area. The device must outlive it; what was drawn is complete
-/// after EndDoc() or when the surface goes. On a device that cannot be opened, drawing raises 75.
+/// It fills the device's whole drawing area. An image has a device pixel ratio of 1 and, where it
+/// is finer than 96 dots an inch, says so as its dots per metre. The device must outlive it; what
+/// was drawn is complete after EndDoc() or when the surface goes. On a device that cannot be
+/// opened, drawing raises 75.
 class PainterSurface final : public DrawingSurface {
  public:
   PainterSurface(QPaintDevice& device, SurfaceKind kind);

@@ -6,22 +6,21 @@
 namespace halvorne {
 namespace {
 
-constexpr int kDotsPerMetre = 3780;  // 96 an inch, so that a point is a point on every screen
+constexpr double kDotsPerMetre = 96 / 0.0254;
 
 }  // namespace
 
 void PictureSurface::SetSize(QSize size, double devicePixelRatio) {
   size_ = size.expandedTo({1, 1});
-  const QSizeF pixels = QSizeF(size_) * devicePixelRatio;
+  ratio_ = devicePixelRatio;
+  const QSizeF pixels = QSizeF(size_) * ratio_;
   image_ = QImage(static_cast<int>(std::ceil(pixels.width())),
                   static_cast<int>(std::ceil(pixels.height())), QImage::Format_RGB32);
-  image_.setDevicePixelRatio(devicePixelRatio);
-  image_.setDotsPerMeterX(kDotsPerMetre);
-  image_.setDotsPerMeterY(kDotsPerMetre);
-  SetCanvas({.size = size_,
-             .unitsPerPixel = 1,
-             .devicePixels = devicePixelRatio,
-             .columnsPerUnit = devicePixelRatio});
+  // The resolution makes a point a point whatever the pixel ratio, and letters are as sharp as can
+  // be; an image with a pixel ratio would be painted through a transformation, which is slow.
+  image_.setDotsPerMeterX(static_cast<int>(std::lround(kDotsPerMetre * ratio_)));
+  image_.setDotsPerMeterY(static_cast<int>(std::lround(kDotsPerMetre * ratio_)));
+  SetCanvas({.size = pixels, .unitsPerPixel = ratio_});
   Cls();
 }
 
@@ -43,7 +42,8 @@ void PictureSurface::Paint(const QRectF& touched, const std::function<void(QPain
 
 void PictureSurface::TellChanged(const QRectF& where) const {
   if (listener_) {
-    listener_(where.toAlignedRect() & QRect({0, 0}, size_));
+    const QRectF inWindow(where.topLeft() / ratio_, where.size() / ratio_);
+    listener_(inWindow.toAlignedRect() & QRect({0, 0}, size_));
   }
 }
 
@@ -65,11 +65,11 @@ void PictureSurface::PaintOn(QPainter& painter, const QRect& exposed) const {
   if (image_.isNull()) {
     return;
   }
-  const double ratio = image_.devicePixelRatio();
   painter.drawImage(QRectF(exposed), image_,
-                    QRectF(QPointF(exposed.topLeft()) * ratio, QSizeF(exposed.size()) * ratio));
+                    QRectF(QPointF(exposed.topLeft()) * ratio_, QSizeF(exposed.size()) * ratio_));
   painter.save();
   painter.setClipRect(exposed, Qt::IntersectClip);
+  painter.scale(1 / ratio_, 1 / ratio_);
   for (const PaintedLine& line : overlay_) {
     PaintLine(painter, line);
   }

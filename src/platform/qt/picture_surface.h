@@ -46,7 +46,8 @@ class PictureSurface final : public DrawingSurface {
   void TellChanged(const QRectF& where) const;
 
   QSize size_;
-  QImage image_;
+  double ratio_ = 1;
+  QImage image_;  ///< in device pixels
   std::vector<PaintedLine> overlay_;
   std::function<void(const QRect&)> listener_;
 };

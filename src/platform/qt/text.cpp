@@ -12,6 +12,8 @@ QString ToQString(std::string_view bytes) {
   return decoder.hasError() ? QString::fromLatin1(view) : decoded;
 }
 
-std::string FromQString(const QString& text) { return text.toStdString(); }
+std::string FromQString(const QString& text) {
+  return text.toStdString();
+}
 
 }  // namespace halvorne

@@ -88,14 +88,14 @@ QFrame* frmDisplayOpt::MakeAttenuationPage() {
   auto* const frame = Named(new QFrame, "FrameAttin");
   auto* const outer = new QVBoxLayout(frame);
   outer->setContentsMargins(0, 0, 0, 0);
-  chkAttenEnable = Named(new QCheckBox(QStringLiteral("Enable attenuation in load medium")),
-                         "chkAttenEnable");
+  chkAttenEnable =
+      Named(new QCheckBox(QStringLiteral("Enable attenuation in load medium")), "chkAttenEnable");
   outer->addWidget(chkAttenEnable);
   auto* const parameters =
       Named(new QGroupBox(QStringLiteral("Attenuation parameters:")), "fraAttenParas");
   auto* const grid = new QGridLayout(parameters);
-  grid->addWidget(
-      new QLabel(QStringLiteral("Attenuation  =  L * A * (F/Fo)^n   dB (one way)")), 0, 0, 1, 3);
+  grid->addWidget(new QLabel(QStringLiteral("Attenuation  =  L * A * (F/Fo)^n   dB (one way)")), 0,
+                  0, 1, 3);
   lblAttenFreq = Named(new QLabel, "lblAttenFreq");
   txtAttenLength = Named(new QLineEdit, "txtAttenLength");
   txtAttenRate = Named(new QLineEdit, "txtAttenRate");
@@ -137,9 +137,7 @@ void frmDisplayOpt::Form_Load() try {
   ReportFailure("Form_Load", "frmDisplayOpt");
 }
 
-void frmDisplayOpt::CmdView_Click(int index) try {
-  pages.Show(index);
-} catch (...) {
+void frmDisplayOpt::CmdView_Click(int index) try { pages.Show(index); } catch (...) {
   ReportFailure("CmdView_Click", "frmDisplayOpt");
 }
 

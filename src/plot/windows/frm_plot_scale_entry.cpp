@@ -59,9 +59,7 @@ void frmPlotScaleEntry::Form_Load() try {
   ReportFailure("Form_Load", "frmPlotScaleEntry");
 }
 
-void frmPlotScaleEntry::CmdShow_Click(int index) try {
-  pages.Show(index);
-} catch (...) {
+void frmPlotScaleEntry::CmdShow_Click(int index) try { pages.Show(index); } catch (...) {
   ReportFailure("CmdShow_Click", "frmPlotScaleEntry");
 }
 
@@ -236,8 +234,7 @@ void frmPlotScaleEntry::cmdPlotScaleOK_Click() try {
     setup.LogRange = std::clamp(std::fabs(BoxValue(txtLogRng)), 1.0, 200.0);
   }
   if (view.AmplAuto) {
-    setup.AmplWindowPercent =
-        ToSingle(std::clamp(std::fabs(BoxValue(txtAmplWindow)), 5.0, 100.0));
+    setup.AmplWindowPercent = ToSingle(std::clamp(std::fabs(BoxValue(txtAmplWindow)), 5.0, 100.0));
   }
   writeHalvorneSetup();
   if (IsTimePlot(view.CurrentPlot)) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <vector>
+
+#include "row.h"
+
+namespace halvorne::bench {
+
+/// Sweeps beside the library calls that they need.
+std::vector<Row> SweepRows();
+/// Transform and excitation plot beside FFTW.
+std::vector<Row> TransformRows();
+/// Design file beside bare number conversions.
+std::vector<Row> DesignFileRows();
+
+}  // namespace halvorne::bench
