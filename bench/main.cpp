@@ -1,3 +1,4 @@
+#include <QGuiApplication>
 #include <benchmark/benchmark.h>
 #include <vector>
 
@@ -22,9 +23,11 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(count, arguments.data())) {
     return 2;
   }
+  qputenv("QT_QPA_PLATFORM", "offscreen");
+  const QGuiApplication application(count, argv);
   const QuietProgram program;
   std::vector<Row> rows;
-  for (const auto subject : {SweepRows, TransformRows, DesignFileRows}) {
+  for (const auto subject : {SweepRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
     const std::vector<Row> more = subject();
     rows.insert(rows.end(), more.begin(), more.end());
   }

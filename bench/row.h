@@ -6,6 +6,14 @@
 
 namespace halvorne::bench {
 
+/// How a value of a row comes about.
+enum class Taken {
+  kByTime,     ///< processor time of the work in microseconds, run as often as it takes
+  kByReading,  ///< the work is run once per repetition and leaves it in the counter kReading
+};
+
+inline constexpr const char* kReading = "reading";
+
 /// One line of the table of speeds: what the program does beside what it is measured against.
 struct Row {
   std::string name;
@@ -13,6 +21,7 @@ struct Row {
   double goal = 0;   ///< ratio to come
   void (*yardstick)(benchmark::State&) = nullptr;
   void (*ours)(benchmark::State&) = nullptr;
+  Taken taken = Taken::kByTime;
 };
 
 /// Measures all rows, repetitions of all of them interleaved, and prints their medians as a table.

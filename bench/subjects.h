@@ -12,5 +12,9 @@ std::vector<Row> SweepRows();
 std::vector<Row> TransformRows();
 /// Design file beside bare number conversions.
 std::vector<Row> DesignFileRows();
+/// The main picture beside one polyline of the toolkit's.
+std::vector<Row> RedrawRows();
+/// Start and memory of the desktop program beside an empty window.
+std::vector<Row> WindowRows();
 
 }  // namespace halvorne::bench

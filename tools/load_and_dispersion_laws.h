@@ -12,9 +12,9 @@ namespace halvorne::tools {
 /// @param freq  Hz, above 0
 double VelocityFactor(const AcousticMaterial& material, double freq);
 
-/// Radiation impedance of a circular piston in a rigid baffle, relative to that of a plane wave:
-/// whose real part is 1 - J1(x)/(x/2), imaginary part H1(x)/(x/2) with x = 2 k a. Kinsler, Frey, Coppens,
-/// Sanders: Fundamentals of Acoustics.
+/// Radiation impedance of a circular piston in a rigid baffle, relative to that of a plane wave,
+/// whose real part is 1 - J1(x)/(x/2), imaginary part H1(x)/(x/2) with x = 2 k a. Kinsler, Frey,
+/// Coppens, Sanders: Fundamentals of Acoustics.
 /// @param radius    m
 /// @param velocity  of the medium, m/s
 /// @param freq      Hz, above 0

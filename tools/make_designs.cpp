@@ -7,6 +7,7 @@
 //
 //   law dispersion SLOT FILE.csv           velocity of the plate in a dispersion slot by its loss
 //   law piston RADIUS VELOCITY FILE.lac    front load of a disk in a baffle
+//   law excitation FILE.xct                the sampled tone burst as a side file
 //   law format3 FILE.dat                   the design once more as older versions wrote it
 
 #include <algorithm>
@@ -49,14 +50,14 @@ double PointFreq(long point) {
          static_cast<double>(point) * (design.FreqStop - design.FreqStart) / design.NoFreqPts;
 }
 
-/// A file of one comment and one line for each frequency point.
+/// A file of one comment and one line for each index from 0 to `last`.
 template <class LineOf>
-void WriteSideFile(const fs::path& path, const std::string& comment, LineOf lineOf) {
+void WriteSideFile(const fs::path& path, const std::string& comment, long last, LineOf lineOf) {
   fs::create_directories(path.parent_path());
   std::ofstream file(path, std::ios::binary);
   file << comment << "\r\n";
-  for (long point = 0; point <= design.NoFreqPts; ++point) {
-    file << lineOf(point) << "\r\n";
+  for (long index = 0; index <= last; ++index) {
+    file << lineOf(index) << "\r\n";
   }
   if (!file.flush()) {
     throw std::runtime_error(path.string() + " could not be written");
@@ -78,7 +79,7 @@ void Disperse(int slot, const fs::path& path) {
       NumberText(plate.LossFreq) + " MHz, " + NumberText(design.FreqStart / design.FreqScale) +
       " to " + NumberText(design.FreqStop / design.FreqScale) + " " + design.FreqUnit + ", " +
       std::to_string(design.NoFreqPts + 1) + " points";
-  WriteSideFile(path, design.VelDispNames(slot, 1),
+  WriteSideFile(path, design.VelDispNames(slot, 1), design.NoFreqPts,
                 [slot](long point) { return NumberText(design.VelDisp(slot, point)); });
 }
 
@@ -92,7 +93,7 @@ void RadiateAsPiston(double radius, double velocity, const fs::path& path) {
   design.ZFrontComment = "Radiation impedance of a baffled disk of " + NumberText(radius * 2000) +
                          " mm in a medium of " + NumberText(velocity) + " m/s, " +
                          std::to_string(design.NoFreqPts + 1) + " points";
-  WriteSideFile(path, design.ZFrontComment, [](long point) {
+  WriteSideFile(path, design.ZFrontComment, design.NoFreqPts, [](long point) {
     return NumberText(design.ZFrontNormRe(point)) + "," + NumberText(design.ZFrontNormIm(point));
   });
 }
@@ -104,6 +105,23 @@ void NormaliseExcitation() {
   for (double& sample : wave.ExciteRe) {
     sample = peak == 0 ? 0 : sample / peak;
   }
+}
+
+/// Up to the last sample that isn't 0: a reader zeroes what lies behind.
+void SaveExcitation(const fs::path& path) {
+  long last = design.ExciteLength;
+  while (last > 0 && wave.ExciteRe(last) == 0) {
+    --last;
+  }
+  const double microseconds = SixDecimals(1e6 * static_cast<double>(design.ExciteDelay));
+  const std::string comment = "Tone burst of " + NumberText(design.ExciteCycles) + " cycles at " +
+                              NumberText(design.ExciteFreq / design.FreqScale) + " " +
+                              design.FreqUnit + " behind " + NumberText(microseconds) +
+                              " usec, sampled at " +
+                              NumberText(design.SampleRateHz / design.FreqScale) + " " +
+                              design.FreqUnit + ", " + std::to_string(last + 1) + " points";
+  WriteSideFile(path, comment, last,
+                [](long sample) { return NumberText(SixDecimals(wave.ExciteRe(sample))); });
 }
 
 /// The design before its source is read: nothing but the neutral values.
@@ -148,6 +166,7 @@ void MakeDesign(const fs::path& share, const fs::path& source) {
   StartDesign();
   const std::vector<std::string> laws = ReadSource(source);
   std::string olderFile;
+  std::string excitationFile;
   for (const std::string& law : laws) {
     std::istringstream words(law);
     std::string kind;
@@ -158,17 +177,23 @@ void MakeDesign(const fs::path& share, const fs::path& source) {
       RadiateAsPiston(radius, velocity, share / "Acoustic loads" / RestOf(words));
     } else if (kind == "format3") {
       olderFile = RestOf(words);
+    } else if (kind == "excitation") {
+      excitationFile = RestOf(words);
     } else {
       throw std::runtime_error(source.string() + ": no such law: " + law);
     }
   }
   batch::MakeDerivedValues(batch::kPiezo | batch::kSampling | batch::kLoads);
   NormaliseExcitation();
+  if (!excitationFile.empty()) {
+    SaveExcitation(share / "EXCITE" / excitationFile);
+  }
   const std::string date = design.CalcDateTime;  // the sweep stamps the time of now
   PrelimCalc();
   MainCalc();
   design.CalcDateTime = date;
   const fs::path data = share / "DATA";
+  fs::create_directories(data);
   WriteDesignFile((data / source.stem()).string() + ".dat");
   if (!olderFile.empty()) {
     WriteFormat3((data / olderFile).string());

@@ -49,7 +49,7 @@ const std::array<Option, 14>& Options() {
       {{"ampl-window"},
        "PERCENT",
        kDesign,
-       "share of the frequency span that scales the amplitude, 5 to 100; default 100"},
+       "share of the span that scales the amplitude, 5 to 100; default 100"},
       {{"accept-aliasing"}, nullptr, kDesign, "answer the warning of aliasing with OK"},
       {{"h", "help"}, nullptr, 0, "show the help"},
   }};
@@ -151,7 +151,7 @@ void RefuseForeignOptions(const QCommandLineParser& parser, const Command& comma
   }
 }
 
-void ReadFiles(const QCommandLineParser& parser, const QStringList& words, Request& request) {
+void ReadWords(const QStringList& words, Request& request) {
   const Command& command = *request.command;
   if ((command.takes & kDesign) == 0) {
     request.topic = Bytes(words.value(1));
@@ -161,11 +161,14 @@ void ReadFiles(const QCommandLineParser& parser, const QStringList& words, Reque
     throw WrongCommandLine("the design file is missing");
   }
   request.in = QFile::encodeName(words[1]).toStdString();
+}
+
+void ReadOutput(const QCommandLineParser& parser, Request& request) {
   request.out = QFile::encodeName(Value(parser, "output")).toStdString();
   if (parser.isSet("output") && request.out.empty()) {
     throw WrongCommandLine("-o: the file has no name");
   }
-  if ((command.takes & kNeedsOutput) != 0 && request.out.empty()) {
+  if ((request.command->takes & kNeedsOutput) != 0 && request.out.empty()) {
     throw WrongCommandLine("-o FILE is missing");
   }
 }
@@ -188,6 +191,7 @@ Request ReadCommand(const QCommandLineParser& parser) {
   const QStringList words = parser.positionalArguments();
   if (parser.isSet("version") || parser.isSet("help")) {
     request.command = FindCommand(parser.isSet("help") ? "help" : "--version");
+    ReadOutput(parser, request);
     return request;
   }
   if (words.isEmpty()) {
@@ -202,7 +206,8 @@ Request ReadCommand(const QCommandLineParser& parser) {
     throw WrongCommandLine("'" + Bytes(words[2]) + "' is one word too many");
   }
   RefuseForeignOptions(parser, *request.command);
-  ReadFiles(parser, words, request);
+  ReadWords(words, request);
+  ReadOutput(parser, request);
   ReadSettings(parser, request);
   if ((request.command->takes & kPlot) != 0) {
     request.plot = PlotNumber(parser);

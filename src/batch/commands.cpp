@@ -10,6 +10,7 @@
 #include "batch/plot_pictures.h"
 #include "batch/stops.h"
 #include "persistence/design_file.h"
+#include "persistence/version.h"
 #include "platform/file_failure.h"
 #include "plot/plot_select.h"
 #include "report/text_exports.h"
@@ -114,7 +115,7 @@ void RunHelp(Session& session) {
 }
 
 void RunVersion(Session& session) {
-  WriteOutput(session, "halvorne-batch 4.1.0\n");
+  WriteOutput(session, "halvorne-batch " + ProgramVersion() + "\n");
 }
 
 constexpr unsigned kText = kDesign | kOutput;
@@ -142,8 +143,8 @@ constexpr Command kCommands[] = {
     {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
      "the plotted values as a text file for a spreadsheet", RunSaveData},
     {"info", kText, "info IN", "a summary of the design", RunInfo},
-    {"help", 0, "help [fields]", "this text, or the fields that --set knows", RunHelp},
-    {"--version", 0, "--version", "the version of the program", RunVersion},
+    {"help", kOutput, "help [fields]", "this text, or the fields that --set knows", RunHelp},
+    {"--version", kOutput, "--version", "the version of the program", RunVersion},
 };
 
 }  // namespace

@@ -63,9 +63,11 @@ const Field& FindField(const std::string& name) {
   if (const auto found = std::ranges::find(table, name, &Field::name); found != table.end()) {
     return *found;
   }
+  const auto withoutIndex = [](std::string_view text) {
+    return text.ends_with("()") ? text.substr(0, text.size() - 2) : text;
+  };
   for (const Field& field : table) {
-    const std::string_view bare = std::string_view(field.name).substr(0, field.name.find('('));
-    if (SameButCase(field.name, name) || SameButCase(bare, name)) {
+    if (SameButCase(withoutIndex(field.name), withoutIndex(name))) {
       throw WrongCommandLine("the field is called " + NameWithBounds(field));
     }
   }

@@ -1,6 +1,9 @@
 #include <QGuiApplication>
+#include <csignal>
 #include <cstdio>
+#include <cstdlib>
 #include <exception>
+#include <fcntl.h>
 
 #include "batch/commands.h"
 #include "batch/stops.h"
@@ -46,7 +49,22 @@ int RunCommand(const Request& request) {
   return status == kDone && boxes.FailureCount() > 0 ? kFailed : status;
 }
 
-int Run(const QStringList& arguments) {
+/// A standard stream that the caller closed stays unusable; else the next file to be opened would
+/// take its number and what is told would end up in it.
+void OccupyClosedStreams() {
+  for (int stream = 0; stream <= 2; ++stream) {
+    const bool closed = fcntl(stream, F_GETFD) == -1;
+    if (closed && open("/dev/null", stream == 0 ? O_WRONLY : O_RDONLY) != stream) {
+      std::_Exit(kFailed);
+    }
+  }
+}
+
+int Run(int count, char** words) {
+  QStringList arguments;
+  for (int k = 0; k < count; ++k) {
+    arguments.append(QString::fromLocal8Bit(words[k]));
+  }
   try {
     return RunCommand(ReadCommandLine(arguments));
   } catch (const WrongCommandLine& wrong) {
@@ -62,6 +80,8 @@ int Run(const QStringList& arguments) {
 }  // namespace halvorne::batch
 
 int main(int argc, char** argv) {
+  halvorne::batch::OccupyClosedStreams();
+  std::signal(SIGXFSZ, SIG_IGN);  // too large a file is a failed write that is told, not the end
   qputenv("QT_QPA_PLATFORM", "offscreen");
   // What the toolkit has to say about its surroundings is nothing to a script.
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
@@ -69,6 +89,8 @@ int main(int argc, char** argv) {
       std::fprintf(stderr, "%s\n", qPrintable(text));
     }
   });
-  const QGuiApplication application(argc, argv);
-  return halvorne::batch::Run(QGuiApplication::arguments());
+  // The toolkit has options of its own, which are none of this program's: it sees the name only.
+  int name = 1;
+  const QGuiApplication application(name, argv);
+  return halvorne::batch::Run(argc, argv);
 }

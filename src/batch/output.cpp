@@ -4,7 +4,9 @@
 #include <QFileInfo>
 #include <QSaveFile>
 #include <QTemporaryDir>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
 
 #include "batch/stops.h"
 
@@ -15,8 +17,8 @@ QString NameOf(const std::string& file) {
   return QFile::decodeName(file.c_str());
 }
 
-[[noreturn]] void FailToWrite(const std::string& file, const QString& why) {
-  throw CommandFailed(file + " could not be written: " + why.toStdString());
+[[noreturn]] void FailToWrite(const std::string& file, const std::string& why) {
+  throw CommandFailed(file + " could not be written: " + why);
 }
 
 void WriteToStandardOutput(std::string_view bytes) {
@@ -35,8 +37,12 @@ bool IsDevice(const std::string& file) {
 template <class File>
 void WriteAll(File& out, const std::string& name, std::string_view bytes) {
   const auto size = static_cast<qint64>(bytes.size());
-  if (!out.open(QIODevice::WriteOnly) || out.write(bytes.data(), size) != size || !out.flush()) {
-    FailToWrite(name, out.errorString());
+  if (!out.open(QIODevice::WriteOnly)) {
+    FailToWrite(name, out.errorString().toStdString());
+  }
+  if (out.write(bytes.data(), size) != size || !out.flush()) {
+    FailToWrite(name,
+                std::strerror(errno));  // the toolkit has no words for a write that fell short
   }
 }
 
@@ -50,7 +56,7 @@ void WriteFile(const std::string& file, std::string_view bytes) {
   out.setDirectWriteFallback(true);  // a folder may be closed to new files and the file be open
   WriteAll(out, file, bytes);
   if (!out.commit()) {
-    FailToWrite(file, out.errorString());
+    FailToWrite(file, out.errorString().toStdString());
   }
 }
 

@@ -48,13 +48,14 @@ frmSizeEntry::frmSizeEntry(QWidget* parent)
     : ModalDialog("frmSizeEntry", QStringLiteral("Element Size and Shape"), parent) {
   auto* const outer = new QVBoxLayout(this);
   auto* const shapes = Named(new QGroupBox(QStringLiteral("Element Shape:")), "Frame1");
-  auto* const column = new QVBoxLayout(shapes);
+  auto* const column = new QVBoxLayout;
   optCircle = Named(new QRadioButton(QStringLiteral("Circular Disk")), "optCircle");
   optAnnulus = Named(new QRadioButton(QStringLiteral("Annular Ring")), "optAnnulus");
   optRect = Named(new QRadioButton(QStringLiteral("Rectangle")), "optRect");
   for (QRadioButton* option : {optCircle, optAnnulus, optRect}) {
     column->addWidget(option);
   }
+  shapes->setLayout(column);
   outer->addWidget(shapes);
 
   auto* const grid = new QGridLayout;

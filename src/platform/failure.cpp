@@ -59,8 +59,8 @@ Failure CurrentFailure() {
   } catch (const std::bad_alloc&) {
     return Failure(failure_number::kOutOfMemory);
   } catch (const std::exception& other) {
-    return Failure(failure_number::kInvalidCall,
-                   std::string("Invalid procedure call or argument: ") + other.what());
+    return {failure_number::kInvalidCall,
+            std::string("Invalid procedure call or argument: ") + other.what()};
   } catch (...) {
     return Failure(failure_number::kInvalidCall);
   }

@@ -8,16 +8,51 @@
 #include <cstdlib>
 
 #include "platform/failure.h"
+#include "platform/significant_digits.h"
 
 namespace halvorne {
 namespace {
 
-/// `whole`: whole numbers below it in magnitude need no more than `digits` digits.
-template <class Number>
-char* WriteGeneral(char* out, Number value, int digits, Number whole) {
-  if (std::fabs(value) < whole && value == std::trunc(value)) {  // most of a design file, and fast
-    return std::to_chars(out, out + kNumberTextMax, static_cast<std::int64_t>(value)).ptr;
+/// Digits with the point behind the first exponent + 1 of them, -4 <= exponent.
+char* WriteFixed(char* out, const char* digits, int count, int exponent) {
+  if (exponent < 0) {
+    *out++ = '0';
+    *out++ = '.';
+    out = std::fill_n(out, -exponent - 1, '0');
+    return std::copy_n(digits, count, out);
   }
+  out = std::copy_n(digits, exponent + 1, out);
+  if (count > exponent + 1) {
+    *out++ = '.';
+    out = std::copy(digits + exponent + 1, digits + count, out);
+  }
+  return out;
+}
+
+/// Digits with the point behind the first, and a power of ten of two digits.
+char* WriteScientific(char* out, const char* digits, int count, int exponent) {
+  out = WriteFixed(out, digits, count, 0);
+  *out++ = 'E';
+  *out++ = exponent < 0 ? '-' : '+';
+  const int power = std::abs(exponent);
+  *out++ = static_cast<char>('0' + power / 10);
+  *out++ = static_cast<char>('0' + power % 10);
+  return out;
+}
+
+char* WriteDigits(char* out, const SignificantDigits& number, int most) {
+  char digits[kNumberTextMax];
+  int count = static_cast<int>(std::to_chars(digits, digits + most, number.digits).ptr - digits);
+  const bool fixed = number.exponent >= -4 && number.exponent < most;
+  const int least = fixed ? std::max(number.exponent, 0) + 1 : 1;
+  while (count > least && digits[count - 1] == '0') {
+    --count;
+  }
+  return fixed ? WriteFixed(out, digits, count, number.exponent)
+               : WriteScientific(out, digits, count, number.exponent);
+}
+
+char* WriteByLibrary(char* out, double value, int digits) {
   char* const end =
       std::to_chars(out, out + kNumberTextMax, value, std::chars_format::general, digits).ptr;
   // The exponent, if any, is among the last five characters.
@@ -28,6 +63,20 @@ char* WriteGeneral(char* out, Number value, int digits, Number whole) {
     }
   }
   return end;
+}
+
+/// @param digits  the most that are written
+/// @param whole   whole numbers below it in magnitude need no more than these
+char* WriteGeneral(char* out, double value, int digits, double whole) {
+  const double magnitude = std::fabs(value);
+  if (magnitude < whole && value == std::trunc(value)) {
+    return std::to_chars(out, out + kNumberTextMax, static_cast<std::int64_t>(value)).ptr;
+  }
+  if (const auto leading = LeadingDigits(magnitude, digits)) {
+    *out = '-';
+    return WriteDigits(out + (value < 0 ? 1 : 0), *leading, digits);
+  }
+  return WriteByLibrary(out, value, digits);
 }
 
 /// A decimal number: value = 0.d1 d2 d3 ... x 10^exponent, digits without leading zeros.
@@ -146,7 +195,7 @@ char* WriteNumber(char* out, double value) {
   return WriteGeneral(out, value, 15, 1e15);
 }
 char* WriteNumber(char* out, float value) {
-  return WriteGeneral(out, value, 7, 1e7F);
+  return WriteGeneral(out, double{value}, 7, 1e7);
 }
 
 std::string NumberText(double value) {

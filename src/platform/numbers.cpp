@@ -21,8 +21,8 @@ namespace {
 template <class Integer>
 Integer Rounded(double value) {
   const double rounded = std::nearbyint(value);  // the rounding mode in force is half to even
-  constexpr double low = static_cast<double>(std::numeric_limits<Integer>::min());
-  constexpr double high = static_cast<double>(std::numeric_limits<Integer>::max());
+  constexpr auto low = static_cast<double>(std::numeric_limits<Integer>::min());
+  constexpr auto high = static_cast<double>(std::numeric_limits<Integer>::max());
   if (!(rounded >= low && rounded <= high)) {
     RaiseOverflow();
   }

@@ -158,9 +158,7 @@ void PlotType_Click() try {
     setup.LastPlotListIndex = ToInt16(index);
   }
   RememberForm(view.CurrentPlot, index);
-  if (mainWindow().KeepsSession()) {
-    writeHalvorneSetup();
-  }
+  writeHalvorneSetup();
   PlotConvertDataType(view.CurrentPlot);
   mainWindow().RefreshWindow();
 } catch (...) {

@@ -16,7 +16,7 @@ class cStringBuilder {
   /// Adds a text at the end. When it does not fit, the allocation grows by one chunk, and by as
   /// many more as the text needs.
   void Append(std::string_view text);
-  void AppendByVal(std::string text) { Append(text); }
+  void AppendByVal(std::string_view text) { Append(text); }
 
   /// First position (from 1) of `text` at or behind `start` (below 1: the beginning), 0 when there
   /// is none within the used part. `compare` 0 exact, 1 without case.
@@ -27,7 +27,7 @@ class cStringBuilder {
 
   /// Puts a text before character `index` (from 0). An index beyond the used length raises 9.
   void Insert(std::int32_t index, std::string_view text);
-  void InsertByVal(std::int32_t index, std::string text) { Insert(index, text); }
+  void InsertByVal(std::int32_t index, std::string_view text) { Insert(index, text); }
 
   /// Drops `length` characters from `index` (from 0) on. A range beyond the used length raises 9.
   void Remove(std::int32_t index, std::int32_t length);

@@ -1,5 +1,6 @@
 #include "shell/frm_halvorne_main.h"
 
+#include <QApplication>
 #include <QCloseEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
@@ -33,7 +34,7 @@ namespace {
 constexpr int kColWidth = 585;  // twips
 
 /// Top left corner of the graph, pixels.
-constexpr QPoint kPictureCorner(6, 98);
+constexpr QPoint kPictureCorner(6, 104);
 
 /// The only file that a drag carries, empty when it carries anything else.
 QString DraggedFile(const QMimeData* data) {
@@ -87,9 +88,11 @@ void frmHalvorneMain::Form_Resize() try {
   if (isMinimized()) {
     return;
   }
+  // A window that holds its contents may be larger than a small screen.
+  const QSize largest = area.size().expandedTo(minimumSize());
   const GraphGeometry places =
-      GraphGeometryFor(std::min(height(), area.height()) * kTwipsPerPixel,
-                       std::min(width(), area.width()) * kTwipsPerPixel, correction.twips,
+      GraphGeometryFor(std::min(height(), largest.height()) * kTwipsPerPixel,
+                       std::min(width(), largest.width()) * kTwipsPerPixel, correction.twips,
                        kPictureCorner.y() * kTwipsPerPixel);
   const auto pixels = [](double twips) { return qRound(twips / kTwipsPerPixel); };
   PlaceControls(
@@ -190,6 +193,10 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
   } else if (type == QEvent::Wheel && watched == Picture && measured.CursorOn) {
     QCoreApplication::sendEvent(HScroll1, event);
     return true;
+  } else if (type == QEvent::KeyPress && measured.CursorOn &&
+             (watched == Cursor1 || watched == FindMax || watched == FindMin)) {
+    // Arrows would otherwise lead from one button to the next.
+    return HScroll1->Press(static_cast<QKeyEvent*>(event)->key());
   } else if (type == QEvent::FocusOut && watched == txtEdit) {
     txtEdit_LostFocus();
   }
@@ -198,15 +205,15 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
 
 void frmHalvorneMain::keyPressEvent(QKeyEvent* event) {
   // Keys that the control with the focus has no use for move the cursor.
-  if (measured.CursorOn) {
-    QCoreApplication::sendEvent(HScroll1, event);
-  } else {
+  if (!measured.CursorOn || !HScroll1->Press(event->key())) {
     QMainWindow::keyPressEvent(event);
   }
 }
 
 void frmHalvorneMain::dragEnterEvent(QDragEnterEvent* event) {
-  if (QFileInfo(DraggedFile(event->mimeData())).isFile()) {
+  // A window behind a modal one takes no commands, thus no files either.
+  if (QApplication::activeModalWidget() == nullptr &&
+      QFileInfo(DraggedFile(event->mimeData())).isFile()) {
     event->acceptProposedAction();
   }
 }

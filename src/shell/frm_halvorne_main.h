@@ -7,7 +7,6 @@
 #include <QLineEdit>
 #include <QMainWindow>
 #include <QPushButton>
-#include <QScrollBar>
 #include <array>
 #include <functional>
 #include <string>
@@ -15,6 +14,7 @@
 
 #include "platform/main_window.h"
 #include "platform/qt/file_dialogs.h"
+#include "shell/cursor_bar.h"
 #include "shell/measurement_grid.h"
 #include "shell/menu_table.h"
 #include "shell/picture_box.h"
@@ -101,6 +101,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   /// Keeps the window from becoming smaller than half the screen or than its contents.
   void LimitSize();
   void PlaceControls(const QRect& picture, int scrollTop, int titleTop);
+  int CursorButtonWidth() const;
 
   /// Gives a control its name and makes it known to SetEnabled.
   template <class Control>
@@ -123,6 +124,9 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void Picture2_Click();
   void fraAtten_DblClick(const std::string& control);
   void txtEdit_LostFocus();
+  /// Takes a title that is being typed: a key or a tool button starts a command with the focus
+  /// still in its box.
+  void LeaveTitleBox();
 
   void DoUnLoadPreCheck(int unloadMode);
   void EndProgram();
@@ -142,7 +146,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   QLabel* LblPlotType = nullptr;
   QComboBox* PlotType = nullptr;
   QPushButton *Cursor1 = nullptr, *FindMax = nullptr, *FindMin = nullptr;
-  QScrollBar* HScroll1 = nullptr;
+  CursorBar* HScroll1 = nullptr;
   QLineEdit* txtEdit = nullptr;
   QWidget* measurements_ = nullptr;
   QGroupBox *fraCFBW = nullptr, *fraPulseWidth = nullptr, *fraAtten = nullptr;

@@ -192,6 +192,12 @@ void frmHalvorneMain::fraAtten_DblClick(const std::string& control) try {
   ReportFailure((control + "_DblClick").c_str(), "frmHalvorneMain");
 }
 
+void frmHalvorneMain::LeaveTitleBox() {
+  if (txtEdit->hasFocus()) {
+    txtEdit_LostFocus();
+  }
+}
+
 void frmHalvorneMain::txtEdit_LostFocus() try {
   // A title that was not touched keeps its bytes; one that is being emptied with the window is not
   // the user's.

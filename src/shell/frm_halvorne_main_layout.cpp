@@ -1,13 +1,16 @@
 #include <QAction>
+#include <QFontInfo>
+#include <QFontMetrics>
 #include <QMenu>
 #include <QMenuBar>
 #include <QScreen>
-#include <QStyle>
+#include <QStyleOptionMenuItem>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
 #include <utility>
 
+#include "platform/qt/drawing_surface.h"
 #include "platform/qt/message_boxes.h"
 #include "plot/cursor.h"
 #include "plot/plot_select.h"
@@ -20,10 +23,12 @@ namespace {
 
 // Places of the controls, in pixels.
 constexpr int kMargin = 6;
-constexpr int kToolbarHeight = 54;
+constexpr int kToolbarHeight = 56;
+constexpr int kToolButton = 44;
+constexpr int kToolGap = 12;  ///< between groups of tools
 constexpr int kFormRowTop = kToolbarHeight + 2 * kMargin;
-constexpr int kCursorButtonWidth = 76;
 constexpr int kCursorRowHeight = 25;
+constexpr int kShortestBar = 120;
 /// The graph's box within the picture, as shares of its width.
 constexpr double kBoxLeft = 2.0 / 14;
 constexpr double kBoxRight = 12.0 / 14;
@@ -33,18 +38,42 @@ struct ToolRow {
   const char* drawing;
   const char* tip;
   const char* caption = "";
+  bool opensGroup = false;
 };
 
 constexpr std::array kToolbar = std::to_array<ToolRow>({
-    {"cmdFileNew", "new", "New"},
+    {"cmdFileNew", "new", "Close the design and start anew"},
     {"cmdFileOpen", "open", "Open a design file"},
     {"cmdFileSave", "save", "Save the design under a name"},
-    {"cmdViewInputs", "inputs", "View the inputs of the design", "Input"},
-    {"cmdCopyToClipboard", "copy_graph", "Copy the graph"},
+    {"cmdViewInputs", "inputs", "View the inputs of the design", "Input", true},
+    {"cmdCopyToClipboard", "copy_graph", "Copy the graph", "", true},
     {"cmdCopyDataToClipboard", "copy_data", "Copy the graph's data"},
-    {"cmdPrintPreview", "print_preview", "Print preview"},
+    {"cmdPrintPreview", "print_preview", "Print preview", "", true},
     {"cmdPrintReport", "print_report", "Print the report"},
 });
+
+/// A menu whose separators are plain lines, whatever their caption.
+class PlainMenu final : public QMenu {
+ public:
+  using QMenu::QMenu;
+
+ protected:
+  void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override {
+    QMenu::initStyleOption(option, action);
+    if (action->isSeparator()) {
+      option->text.clear();
+    }
+  }
+};
+
+/// The smallest graph whose axis texts are whole and apart.
+QSize SmallestGraph() {
+  const QFontMetrics letters(PictureFont());
+  // A caption stands in the middle of a seventh of the width; two lines and three quarters below
+  // the box take two thirteenths of the height.
+  return {7 * letters.horizontalAdvance(QStringLiteral("normalized")) + 2 * kMargin,
+          qRound(2.75 * letters.height() * 13 / 2)};
+}
 
 }  // namespace
 
@@ -62,8 +91,9 @@ QAction* frmHalvorneMain::MakeMenuItem(const MenuRow& row) {
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
   item->setEnabled(IsAvailable(row.name));
   if (const Procedure procedure = ProcedureOf(row)) {
-    connect(item, &QAction::triggered, this, [procedure] {
+    connect(item, &QAction::triggered, this, [this, procedure] {
       const Command command;
+      LeaveTitleBox();
       procedure();
     });
   }
@@ -78,8 +108,8 @@ void frmHalvorneMain::MakeMenus() {
     const auto depth = static_cast<std::size_t>(row.depth);
     if (i + 1 < table.size() && table[i + 1].depth > row.depth) {
       const QString caption = QLatin1String(row.caption);
-      QMenu* const menu =
-          depth == 0 ? menuBar()->addMenu(caption) : open.at(depth - 1)->addMenu(caption);
+      auto* const menu = new PlainMenu(caption, this);
+      depth == 0 ? menuBar()->addMenu(menu) : open.at(depth - 1)->addMenu(menu);
       open.at(depth) = Named(menu, QLatin1String(row.name));
       menu->menuAction()->setObjectName(menu->objectName());
     } else {
@@ -93,8 +123,9 @@ void frmHalvorneMain::MakeMenus() {
 void frmHalvorneMain::MakeToolbar() {
   Picture2 = Named(new QWidget(centralWidget()), QStringLiteral("Picture2"));
   Picture2->installEventFilter(this);
-  int left = kMargin;
+  int left = 0;
   for (const ToolRow& row : kToolbar) {
+    left += row.opensGroup ? kToolGap : 0;
     auto* const button = Named(new QToolButton(Picture2), QLatin1String(row.name));
     button->setIcon(
         PaletteIcon(QStringLiteral(":/shell/icons/%1.svg").arg(QLatin1String(row.drawing))));
@@ -107,9 +138,9 @@ void frmHalvorneMain::MakeToolbar() {
     button->setToolButtonStyle(button->text().isEmpty() ? Qt::ToolButtonIconOnly
                                                         : Qt::ToolButtonTextBesideIcon);
     button->setEnabled(IsAvailable(row.name));
-    const int width = button->text().isEmpty() ? 44 : button->sizeHint().width();
-    button->setGeometry(left, (kToolbarHeight - 44) / 2, width, 44);
-    left += width + 2;
+    const int width = std::max(kToolButton, button->sizeHint().width());
+    button->setGeometry(left, (kToolbarHeight - kToolButton) / 2, width, kToolButton);
+    left += width;
     toolbar_.push_back(button);
   }
   Picture2->setGeometry(0, 0, left, kToolbarHeight);
@@ -128,7 +159,7 @@ void frmHalvorneMain::MakeGraphControls() {
   Picture->installEventFilter(this);
   Cursor1 = Named(new QPushButton(QStringLiteral("&Cursor"), ground), QStringLiteral("Cursor1"));
   Cursor1->setToolTip(QStringLiteral("Cursor on or off"));
-  HScroll1 = Named(new QScrollBar(Qt::Horizontal, ground), QStringLiteral("HScroll1"));
+  HScroll1 = Named(new CursorBar(ground), QStringLiteral("HScroll1"));
   HScroll1->setFocusPolicy(Qt::StrongFocus);
   HScroll1->setAccessibleName(QStringLiteral("Cursor position"));
   HScroll1->setEnabled(false);
@@ -136,6 +167,10 @@ void frmHalvorneMain::MakeGraphControls() {
   FindMin = Named(new QPushButton(QStringLiteral("Find Mi&n"), ground), QStringLiteral("FindMin"));
   FindMax->setToolTip(QStringLiteral("Cursor to the highest value of the first trace"));
   FindMin->setToolTip(QStringLiteral("Cursor to the lowest value of the first trace"));
+  for (QPushButton* button : {Cursor1, FindMax, FindMin}) {
+    button->setFocusPolicy(Qt::TabFocus);  // a click leaves the focus on the bar
+    button->installEventFilter(this);
+  }
   txtEdit = Named(new QLineEdit(ground), QStringLiteral("txtEdit"));
   txtEdit->setAccessibleName(QStringLiteral("Title of the design"));
   txtEdit->setAcceptDrops(false);  // a design file dropped on it opens as anywhere else
@@ -145,7 +180,7 @@ void frmHalvorneMain::MakeGraphControls() {
 void frmHalvorneMain::MakeMeasurements() {
   measurements_ = new QWidget(centralWidget());
   QFont small = font();
-  small.setPointSizeF(std::min(small.pointSizeF(), 8.0));
+  small.setPointSizeF(std::min(QFontInfo(small).pointSizeF(), 8.0));
   measurements_->setFont(small);
   auto* const column = new QVBoxLayout(measurements_);
   column->setContentsMargins(0, 0, 0, 0);
@@ -203,7 +238,11 @@ void frmHalvorneMain::ConnectControls() {
   };
   for (std::size_t i = 0; i < toolbar.size(); ++i) {
     if (toolbar[i]) {
-      on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked, toolbar[i]);
+      on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked,
+         [this, procedure = toolbar[i]] {
+           LeaveTitleBox();
+           procedure();
+         });
     }
   }
   on(Cursor1, &QPushButton::clicked, [] { Cursor1_Click(); });
@@ -217,14 +256,23 @@ void frmHalvorneMain::ConnectControls() {
   });
 }
 
+int frmHalvorneMain::CursorButtonWidth() const {
+  return std::max(
+      {Cursor1->sizeHint().width(), FindMax->sizeHint().width(), FindMin->sizeHint().width()});
+}
+
 void frmHalvorneMain::LimitSize() {
-  const QSize half = screen()->geometry().size() / 2;
-  const int beside = qRound(3153 / kTwipsPerPixel);
-  const QSize contents(
-      std::max(toolbar_.back()->geometry().right(), 4 * kCursorButtonWidth + beside) + kMargin,
-      menuBar()->sizeHint().height() + kFormRowTop + measurements_->minimumSizeHint().height() +
-          kMargin);
-  setMinimumSize(half.expandedTo(contents));
+  const QRect area = screen()->geometry();
+  const GraphGeometry beside =
+      GraphGeometryFor(0, 0, CorrectionFor(area.height()).twips, 0);  // negative sizes
+  const QSize graph =
+      SmallestGraph().expandedTo({3 * CursorButtonWidth() + 4 * kMargin + kShortestBar, 0}) -
+      QSize(qRound(beside.pictureWidth / kTwipsPerPixel),
+            qRound(beside.pictureHeight / kTwipsPerPixel));
+  const QSize others(toolbar_.back()->geometry().right() + kMargin,
+                     menuBar()->sizeHint().height() + kFormRowTop +
+                         measurements_->minimumSizeHint().height() + kMargin);
+  setMinimumSize((area.size() / 2).expandedTo(graph).expandedTo(others));
 }
 
 void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int titleTop) {
@@ -237,15 +285,16 @@ void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int tit
   Picture->setGeometry(picture);
 
   const int right = picture.x() + picture.width();
-  const int finds = 2 * kCursorButtonWidth + kMargin;
-  const int barLeft = std::max(picture.x() + qRound(picture.width() * kBoxLeft),
-                               picture.x() + kCursorButtonWidth + kMargin);
+  const int button = CursorButtonWidth();
+  const int finds = 2 * button + kMargin;
+  const int barLeft =
+      std::max(picture.x() + qRound(picture.width() * kBoxLeft), picture.x() + button + kMargin);
   const int barRight =
       std::min(picture.x() + qRound(picture.width() * kBoxRight), right - finds - kMargin);
-  Cursor1->setGeometry(picture.x(), scrollTop, kCursorButtonWidth, kCursorRowHeight);
+  Cursor1->setGeometry(picture.x(), scrollTop, button, kCursorRowHeight);
   HScroll1->setGeometry(barLeft, scrollTop, barRight - barLeft, kCursorRowHeight);
-  FindMin->setGeometry(right - kCursorButtonWidth, scrollTop, kCursorButtonWidth, kCursorRowHeight);
-  FindMax->setGeometry(right - finds, scrollTop, kCursorButtonWidth, kCursorRowHeight);
+  FindMin->setGeometry(right - button, scrollTop, button, kCursorRowHeight);
+  FindMax->setGeometry(right - finds, scrollTop, button, kCursorRowHeight);
   txtEdit->setGeometry(picture.x(), titleTop, picture.width(), txtEdit->sizeHint().height());
 
   const int columnLeft = right + kMargin;

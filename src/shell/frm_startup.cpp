@@ -52,7 +52,6 @@ frmStartup::frmStartup(std::function<void()> showMain)
     : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), showMain_(std::move(showMain)) {
   setObjectName(QStringLiteral("frmStartup"));
   setWindowTitle(QStringLiteral("Halvorne"));
-  setAttribute(Qt::WA_DeleteOnClose);
   setFixedSize(460, 250);
 }
 

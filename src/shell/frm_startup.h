@@ -12,6 +12,8 @@ class frmStartup final : public QWidget {
   /// @param showMain  makes and shows the main window
   explicit frmStartup(std::function<void()> showMain);
 
+  /// Returns when the main window is up, or could not be made. Closing the window meanwhile hides
+  /// it and changes nothing else.
   void Form_Load();
 
  protected:

@@ -55,12 +55,12 @@ void ReverseOrder(double* re, double* im, std::int32_t n) {
 
 /// The stages one after the other, every result held against overflow.
 void PlainStages(double* re, double* im, std::int32_t n) {
-  for (std::int32_t half = 1, step = n / 2; half < n; half *= 2, step /= 2) {
-    for (std::int32_t j = 0; j < half; ++j) {
+  for (std::ptrdiff_t half = 1, step = n / 2; half < n; half *= 2, step /= 2) {
+    for (std::ptrdiff_t j = 0; j < half; ++j) {
       const double c = wave.TwiddleCos(j * step);
       const double s = wave.TwiddleSin(j * step);
-      for (std::int32_t i = j; i < n; i += 2 * half) {
-        const std::int32_t ip = i + half;
+      for (std::ptrdiff_t i = j; i < n; i += 2 * half) {
+        const std::ptrdiff_t ip = i + half;
         const double tr = Finite(j == 0 ? re[ip] : re[ip] * c - im[ip] * s);
         const double ti = Finite(j == 0 ? im[ip] : re[ip] * s + im[ip] * c);
         re[ip] = Finite(re[i] - tr);
@@ -90,7 +90,7 @@ void FFTSolve(TimeCurve& re, TimeCurve& im, std::int32_t n, std::int16_t inverse
   if (n > static_cast<std::int32_t>(TimeCurve::count)) {
     RaiseSubscript();
   }
-  if (n != 0 && !std::has_single_bit(static_cast<std::uint32_t>(n))) {
+  if (n < 0 || (n != 0 && !std::has_single_bit(static_cast<std::uint32_t>(n)))) {
     throw Failure(failure_number::kInvalidCall);  // its loops would never end
   }
   FillTwiddles(n, inverse != 0 ? 1.0 : -1.0);

@@ -8,6 +8,7 @@
 
 #include "designs/shipped_design.h"
 #include "persistence/design_file.h"
+#include "platform/number_text.h"
 #include "platform/numbers.h"
 #include "plot/catalogue.h"
 #include "plot/plot_select.h"
@@ -100,20 +101,6 @@ TEST_P(EachShippedDesign, HasAnAreaThatFitsItsSize) {
   const double d2 = design.ElementDim2 / 1000;
   const double area = design.ElementShape == 1 ? std::numbers::pi * d1 * d1 / 4 : d1 * d2;
   EXPECT_NEAR(design.ElementArea, area, 1e-12 * area);
-}
-
-class ShippedSettings : public ShippedDesign {};
-
-TEST_F(ShippedSettings, AreReadWithoutAWordAndStartOnAPlotOfTheCatalogue) {
-  Open(kBurst);
-  EXPECT_TRUE(shownMessages.Lines().empty());
-  EXPECT_EQ(view.CurrentPlot, 11);
-  EXPECT_EQ(setup.ReportDetails, 1);
-  EXPECT_EQ(setup.DispFaceLayer, 1);
-  EXPECT_EQ(setup.DispBackLayer, 12) << "the chain index of the first back plate";
-  EXPECT_EQ(setup.LogRange, 60);
-  EXPECT_EQ(view.TimeWindowPercent, 50);
-  EXPECT_EQ(setup.AmplWindowPercent, 100);
 }
 
 class OlderFile : public ShippedDesign {};
@@ -231,6 +218,26 @@ TEST_F(BurstProbe, HasSideFilesThatHoldItsCurves) {
   }
   EXPECT_FALSE(std::getline(dispersion, line));
   EXPECT_FALSE(std::getline(load, line));
+}
+
+TEST_F(BurstProbe, HasAnExcitationFileThatHoldsItsBurst) {
+  std::ifstream file(SharedFile("EXCITE/Tone burst 3 MHz.xct"));
+  std::string line;
+  ASSERT_TRUE(std::getline(file, line)) << "the first line is a comment";
+  EXPECT_TRUE(line.starts_with("Tone burst of 5 cycles at 3 MHz behind 1 usec, sampled at "));
+  EXPECT_NE(line.find(NumberText(design.SampleRateHz / 1e6) + " MHz"), std::string::npos)
+      << "samples mean nothing at another rate: " << line;
+  EXPECT_TRUE(line.ends_with("\r"));
+  long sample = 0;
+  for (double value = 0; file >> value; ++sample) {
+    ASSERT_LE(sample, design.ExciteLength);
+    EXPECT_NEAR(value, wave.ExciteRe(sample), 5.1e-7) << sample;
+  }
+  EXPECT_TRUE(file.eof()) << "no number: sample " << sample;
+  EXPECT_GT(sample, 200) << "1 usec and five periods";
+  for (; sample <= design.ExciteLength; ++sample) {
+    EXPECT_EQ(wave.ExciteRe(sample), 0) << "a reader zeroes what the file does not hold";
+  }
 }
 
 TEST_F(BurstProbe, ShowsEveryPlotWithoutAFailure) {

@@ -67,6 +67,44 @@ TEST_F(SizeDialog, AnnulusEnteredTheWrongWayRoundIsSwapped) {
   EXPECT_NEAR(design.ElementArea, kPiAsWritten * (25e-6 - 6.25e-6), 1e-20);
   EXPECT_EQ(design.DesignNew, 65535) << "OK always recalculates";
   EXPECT_FALSE(driver.IsOpen());
+  frmSizeEntry again;
+  const DialogDriver next(again);
+  EXPECT_TRUE(next.Chosen("optAnnulus"));
+  EXPECT_EQ(next.Text("txtPiezoDim1"), "10");
+  EXPECT_EQ(next.Text("txtPiezoDim2"), "5");
+}
+
+TEST_F(SizeDialog, UnchangedDiskIsStillRecalculatedAndKeepsItsHiddenDimension) {
+  frmSizeEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Press(Qt::Key_Return);
+  EXPECT_EQ(design.DesignNew, 65535);
+  EXPECT_EQ(design.ElementDim2, 4);
+  EXPECT_EQ(design.ElementSizeText, "6 mm disk");
+}
+
+TEST_F(SizeDialog, LettersCountAsNothingAndStayComputable) {
+  frmSizeEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Type("txtPiezoDim1", "12abc");
+  EXPECT_EQ(driver.Text("txtPiezoDim1"), "12abc") << "a size is not corrected while it is typed";
+  driver.Press(Qt::Key_Return);
+  EXPECT_EQ(design.ElementDim1, 0);
+  EXPECT_EQ(design.ElementArea, 1E-20);
+  EXPECT_EQ(design.ElementSizeText, "0 mm disk");
+}
+
+TEST_F(SizeDialog, RingNamesInnerThenOuterDiameter) {
+  frmSizeEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Click("optAnnulus");
+  driver.Type("txtPiezoDim1", "-1.50");
+  driver.Type("txtPiezoDim2", ".25");
+  driver.Press(Qt::Key_Return);
+  EXPECT_EQ(design.ElementDim1, 1.5);
+  EXPECT_EQ(design.ElementDim2, 0.25);
+  EXPECT_EQ(design.ElementSizeText, "0.25 x 1.5 mm annulus");
+  EXPECT_NEAR(design.ElementArea, kPiAsWritten * (0.75e-3 * 0.75e-3 - 0.125e-3 * 0.125e-3), 1e-20);
 }
 
 TEST_F(SizeDialog, EqualDiametersStayComputable) {
@@ -130,6 +168,14 @@ TEST_F(TerminationsDialog, TakesBothAndRecalculates) {
   EXPECT_EQ(design.TermRx, -2500) << "there are no bounds";
   EXPECT_EQ(design.DesignNew, 65535);
   EXPECT_FALSE(driver.IsOpen());
+}
+
+TEST_F(TerminationsDialog, UnchangedAreStillRecalculated) {
+  frmElecTermEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Click("cmdElecOK");
+  EXPECT_EQ(design.TermTx, 50);
+  EXPECT_EQ(design.DesignNew, 65535);
 }
 
 TEST_F(TerminationsDialog, WhatIsNoNumberCountsAsZeroOhms) {

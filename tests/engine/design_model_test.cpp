@@ -105,6 +105,18 @@ TEST_F(DesignModel, TwoLayersGiveTheFrontChainLayerTwoAndTheBackChainLayerOne) {
   EXPECT_EQ(design.PZMatl(2).Velocity, 5000);
 }
 
+TEST_F(DesignModel, AnyCountButOneTakesTheFrontHalfFromLayerTwo) {
+  SetLayer(1, 4000, 7500, 4e-4);
+  SetLayer(2, 5000, 6500, 3e-4);
+  for (const int count : {0, 2, 3}) {
+    design.NoPiezo = static_cast<std::int16_t>(count);
+    design.FrontZ(0) = 0;
+    PiezoLayers();
+    EXPECT_EQ(design.FrontZ(0), 5000 * 6500) << count;
+    EXPECT_EQ(design.PZThick(2), 3e-4) << count << " layers: layer 2 is not made neutral";
+  }
+}
+
 TEST_F(DesignModel, AnOverflowingImpedanceStopsPiezoLayersInItsOwnName) {
   design.NoPiezo = 1;
   SetLayer(1, 1e200, 1e200, 4e-4);

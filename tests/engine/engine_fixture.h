@@ -16,11 +16,13 @@ using Boxes = std::vector<std::string>;
 
 /// The engine as it stands before any file was read: all zero, messages written down.
 class EngineTest : public ::testing::Test {
+ public:
+  EngineTest(const EngineTest&) = delete;
+  EngineTest& operator=(const EngineTest&) = delete;
+
  protected:
   EngineTest();
   ~EngineTest() override;
-  EngineTest(const EngineTest&) = delete;
-  EngineTest& operator=(const EngineTest&) = delete;
 
   RecordedMessages shown;
 };

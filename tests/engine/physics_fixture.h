@@ -63,6 +63,7 @@ class PhysicsTest : public EngineTest {
   }
   static std::vector<double> Sizes(const std::vector<Value>& curve) {
     std::vector<double> sizes;
+    sizes.reserve(curve.size());
     for (const Value& value : curve) {
       sizes.push_back(std::abs(value));
     }

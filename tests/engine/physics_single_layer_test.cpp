@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <functional>
+#include <utility>
 #include <vector>
 
 #include "physics_fixture.h"
@@ -176,13 +177,15 @@ TEST_F(SingleLayerPhysics, ResonancesTellTheCoupling) {
     const std::vector<double> sizes = Sizes(Swept().ZinElec);
     const auto peak = std::max_element(sizes.begin(), sizes.end());
     const auto zero = std::min_element(sizes.begin(), peak);
-    const double step = (design.FreqStop - design.FreqStart) / 4000;
-    EXPECT_NEAR(FreqOf(static_cast<int>(peak - sizes.begin())), layer.fp, step);
+    const double halfStep = (design.FreqStop - design.FreqStart) / 8000;
+    EXPECT_NEAR(FreqOf(static_cast<int>(peak - sizes.begin())), layer.fp, 1.01 * halfStep);
+    const auto coupling = [&layer](double fs) {
+      const double quarterTurn = kWholeTurn / 4;
+      return quarterTurn * fs / layer.fp * std::tan(quarterTurn * (layer.fp - fs) / layer.fp);
+    };
     const double fs = FreqOf(static_cast<int>(zero - sizes.begin()));
-    const double quarterTurn = kWholeTurn / 4;
-    const double coupling =
-        quarterTurn * fs / layer.fp * std::tan(quarterTurn * (layer.fp - fs) / layer.fp);
-    EXPECT_NEAR(coupling, layer.kt * layer.kt, 4 * step / layer.fp);
+    EXPECT_GE(coupling(fs - 1.01 * halfStep), layer.kt * layer.kt);
+    EXPECT_LE(coupling(fs + 1.01 * halfStep), layer.kt * layer.kt);
   });
 }
 
@@ -191,17 +194,18 @@ TEST_F(SingleLayerPhysics, LowFrequencyCapacitanceIsTheFreeOne) {
     const LayerTheory layer;
     const double f = layer.fp / 10000;
     const double capacitance = -1 / (kWholeTurn * f * SweptAt(f).ZinElec[0].imag());
-    EXPECT_NEAR(capacitance * (1 - layer.kt * layer.kt) / layer.c0, 1, 1e-5);
+    EXPECT_NEAR(capacitance * (1 - layer.kt * layer.kt) / layer.c0, 1, 1e-6);
   });
 }
 
 TEST_F(SingleLayerPhysics, WithHardlyAnyCouplingItIsACapacitor) {
   OnBareLayers([](RandomDesigns&) {
     design.PZMatl(1).Kt = 1e-6;
+    design.PZMatl(1).TanDe = 1e-12;
     const LayerTheory layer;
     const SweptCurves weak = Swept();
     for (int i = 0; i <= design.NoFreqPts; ++i) {
-      EXPECT_TRUE(Near(weak.ZinElec[i], Value(0, -layer.Reactance(FreqOf(i))), 2e-9));
+      EXPECT_TRUE(Near(weak.ZinElec[i], Value(0, -layer.Reactance(FreqOf(i))), 1e-9));
     }
     design.PZMatl(1).Kt = 2e-6;
     const SweptCurves twice = Swept();
@@ -226,7 +230,21 @@ TEST_F(SingleLayerPhysics, WithHardlyAnyCouplingTheAcousticImpedanceIsPassive) {
   });
 }
 
-TEST_F(SingleLayerPhysics, WithoutARearLoadAllPowerGoesForward) {
+TEST_F(SingleLayerPhysics, WithoutARearLoadABareLayerSendsAllPowerForward) {
+  OnBareLayers([](RandomDesigns&) {
+    design.ZBackLoad = 0;
+    for (const auto& [tanDe, tolerance] : {std::pair{1e-12, 1e-6}, std::pair{1e-9, 1e-4}}) {
+      design.PZMatl(1).TanDe = tanDe;
+      const SweptCurves swept = Swept();
+      for (std::size_t i = 0; i < swept.TxEff.size(); ++i) {
+        EXPECT_NEAR(swept.TxEff[i], 1, tolerance);
+        EXPECT_NEAR(swept.RxEff[i], 1, tolerance);
+      }
+    }
+  });
+}
+
+TEST_F(SingleLayerPhysics, WithoutARearLoadAllPowerGoesForwardThroughPlatesAndNetwork) {
   OnRandomDesigns({.layers = 1, .losses = false, .network = false, .maxPlates = 2},
                   [](RandomDesigns&) {
                     design.PZMatl(1).TanDe = 1e-12;
@@ -255,8 +273,8 @@ TEST_F(SingleLayerPhysics, ATunedMatchedLayerLosesNothing) {
     const PlotValues plots = PlotsAt(swept, 0);
     EXPECT_NEAR(std::abs(plots.ge), 0, 1e-8);
     EXPECT_NEAR(std::abs(plots.ga), 0, 1e-8);
-    EXPECT_NEAR(std::abs(swept.TwoWayTF[0]), 0.25, 1e-8);
-    EXPECT_NEAR(plots.plot32, 1, 4e-8);
+    EXPECT_TRUE(Near(std::abs(swept.TwoWayTF[0]), 0.25, 1e-8));
+    EXPECT_NEAR(plots.plot32, 1, 1e-8);
     EXPECT_TRUE(Near(std::abs(swept.TxTF[0]), std::sqrt(layer.zf / (4 * ra * layer.area)), 1e-8));
     EXPECT_TRUE(
         Near(std::abs(swept.RxTF[0]) * 1e-6, std::sqrt(ra * layer.area / layer.zf) / 2, 1e-8));
@@ -278,6 +296,25 @@ TEST_F(SingleLayerPhysics, AWeaklyCoupledLayerOnItsOwnImpedanceHasASineCurve) {
   });
 }
 
+/// Lower and upper limit of the band in which a curve lies above `level` of its peak, in units of
+/// 5 MHz, interpolated between the points.
+std::pair<double, double> Band(const std::vector<double>& curve, double level) {
+  const double limit = level * *std::max_element(curve.begin(), curve.end());
+  const auto crossing = [&](int below, int above) {
+    const double share = (limit - curve[below]) / (curve[above] - curve[below]);
+    return (FreqOf(below) + share * (FreqOf(above) - FreqOf(below))) / 5e6;
+  };
+  int first = 0;
+  while (curve[first] < limit) {
+    ++first;
+  }
+  int last = design.NoFreqPts;
+  while (curve[last] < limit) {
+    --last;
+  }
+  return {crossing(first - 1, first), crossing(last + 1, last)};
+}
+
 TEST_F(SingleLayerPhysics, TheSineCurveHasItsBandwidths) {
   MakePlainDesign();
   design.PZMatl(1).Kt = 0.01;
@@ -288,23 +325,21 @@ TEST_F(SingleLayerPhysics, TheSineCurveHasItsBandwidths) {
   design.FreqStop = 1.99 * 5e6;
   design.NoFreqPts = 3960;  // half a thousandth of the half-wave frequency
   NeutralDispersion();
-  const std::vector<double> twoWay = Sizes(Swept().TwoWayTF);
-  const double peak = *std::max_element(twoWay.begin(), twoWay.end());
-  const auto width = [&](double level) {
-    int first = 0;
-    while (twoWay[first] < level * peak) {
-      ++first;
-    }
-    int last = design.NoFreqPts;
-    while (twoWay[last] < level * peak) {
-      --last;
-    }
-    return (FreqOf(last) - FreqOf(first)) / 5e6;
-  };
+  const SweptCurves swept = Swept();
   // The receive curve's factor f cancels against the short-circuited capacitance: sin^2.
-  EXPECT_NEAR(width(std::pow(10, -20.0 / 20)), 1.590334, 2e-3);
-  EXPECT_NEAR(width(0.5), 1, 2e-3);
-  EXPECT_NEAR(width(0.01), 1.872463, 2e-3);
+  const std::vector<double> twoWay = Sizes(swept.TwoWayTF);
+  const auto [low, high] = Band(twoWay, 0.5);
+  EXPECT_NEAR(low, 0.5, 2e-4);
+  EXPECT_NEAR(high, 1.5, 2e-4);
+  const auto width = [&](double level) {
+    const auto [from, to] = Band(twoWay, level);
+    return to - from;
+  };
+  EXPECT_NEAR(width(0.1), 1.590334, 2e-4);
+  EXPECT_NEAR(width(0.01), 1.872463, 2e-4);
+  const auto [oneWayLow, oneWayHigh] = Band(Sizes(swept.TxTF), 0.5);
+  EXPECT_NEAR(oneWayLow, 1.0 / 3, 2e-4);
+  EXPECT_NEAR(oneWayHigh, 5.0 / 3, 2e-4);
 }
 
 TEST_F(SingleLayerPhysics, AThinOpenFilmReceivesByItsThickness) {
@@ -313,7 +348,9 @@ TEST_F(SingleLayerPhysics, AThinOpenFilmReceivesByItsThickness) {
     design.TermRx = 1e15;
     const double stiffness = layer.rho * layer.v * layer.v;
     const double expected = layer.h * layer.t / stiffness * layer.zb / (layer.zf + layer.zb);
-    EXPECT_TRUE(Near(std::abs(SweptAt(1e-4 * layer.fp).RxTF[0]) * 1e-6, expected, 5e-3));
+    const double mismatch = layer.z0 / (layer.zf + layer.zb) + (layer.zf + layer.zb) / layer.z0;
+    EXPECT_TRUE(Near(std::abs(SweptAt(1e-4 * layer.fp).RxTF[0]) * 1e-6, expected,
+                     1e-4 * std::max(10.0, mismatch)));
   });
 }
 

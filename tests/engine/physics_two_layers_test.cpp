@@ -26,7 +26,15 @@ TEST_F(TwoLayerPhysics, EqualLayersInSeriesAreOneOfTwiceTheThickness) {
     design.PZMatl(1).TanDm = 0;
     const SweptCurves single = Swept();
     Divide(kSeries);
-    ExpectSameCurves(Swept(), single, 1e-6);
+    const SweptCurves stack = Swept();
+    ExpectSameCurves(stack, single, 1e-6);
+    EXPECT_TRUE(CurvesNear(stack.ZinElec, single.ZinElec, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.ZinAc, single.ZinAc, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.TxTF, single.TxTF, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.RxTF, single.RxTF, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.TwoWayTF, single.TwoWayTF, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.TxEff, single.TxEff, 1e-9, 1e-3));
+    EXPECT_TRUE(CurvesNear(stack.RxEff, single.RxEff, 1e-9, 1e-3));
   });
 }
 
@@ -56,7 +64,7 @@ TEST_F(TwoLayerPhysics, TheLowFrequencyCapacitanceInParallelIsFourTimesTheSingle
                     const double c0 = design.ElementArea * matl.Ks * 8.85e-12 / design.PZThick(1);
                     const double expected = 4 * c0 / (1 - matl.Kt * matl.Kt);
                     Divide(kParallel);
-                    const double f = fp / 1000;
+                    const double f = fp / 100;
                     const double capacitance = -1 / (kWholeTurn * f * SweptAt(f).ZinElec[0].imag());
                     EXPECT_NEAR(capacitance, expected, 1e-3 * expected);
                   });
@@ -76,7 +84,7 @@ TEST_F(TwoLayerPhysics, EqualSignsAddAndOppositeOnesCancelAtLowFrequency) {
                       const double adding = std::abs(SweptAt(1e-4 * fp).RxTF[0]);
                       design.PZPolarity(2) = static_cast<std::int16_t>(-design.PZPolarity(1));
                       const double opposing = std::abs(SweptAt(1e-4 * fp).RxTF[0]);
-                      EXPECT_LT(opposing, 1e-3 * mismatch * adding);
+                      EXPECT_LT(opposing, 1e-4 * mismatch * adding);
                       EXPECT_EQ(design.NoPiezo, 2);
                       design.PZThick(1) *= 2;
                     }

@@ -136,6 +136,15 @@ TEST_F(PiezoSection, SmallLossMakesALargeFigureAndASeriesResistanceOfItsInverse)
   EXPECT_NEAR(rs * design.PZRp(1) * co * co * sweep.Omega, 1, 1e-6);
 }
 
+// Kept: at twice the half-wave frequency the transformer is what the written pi leaves of a zero.
+TEST_F(PiezoSection, UsesTheWrittenConstantForPi) {
+  At(1e7);
+  TPiezo(1, sweep.SecRe, sweep.SecIm);
+  const long double residue = 3.14159265358979323846L - static_cast<long double>(3.14159265358979);
+  const auto expected = static_cast<double>(2 * (design.PZM0(1) / 2) * residue);
+  EXPECT_NEAR(Section(1, 1).real(), expected, 1e-3 * expected) << "a full pi leaves 3.8 %";
+}
+
 TEST_F(PiezoSection, AtZeroFrequencyItFailsAndLeavesBothMatrices) {
   SetMatrix(sweep.SecRe, sweep.SecIm, {1, 2}, {3, 4}, {5, 6}, {7, 8});
   At(0);

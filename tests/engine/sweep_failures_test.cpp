@@ -151,6 +151,52 @@ TEST_F(FailingSweep, AnElementWithoutValueIsReportedInItsNameAndTheSweepGoesOn) 
   ExpectSameCurves(withElement, CurrentCurves(), 0);
 }
 
+/// A layer that neither radiates nor loses anything, with every real part exactly zero.
+void MakePurelyReactive() {
+  design.PZRp(1) = 0;
+  for (int i = 0; i <= design.NoFreqPts; ++i) {
+    design.ZFrontRe(i) = design.ZBackRe(i) = 0;
+  }
+}
+
+TEST_F(FailingSweep, WithoutAnyRealPowerTheEfficienciesAreZeroNotAFailure) {
+  MakePurelyReactive();
+  MainCalc();
+  EXPECT_EQ(shown.Lines(), Boxes{});
+  EXPECT_EQ(curves.ZinElecRe(3), 0);
+  EXPECT_EQ(curves.TxEff(3), 0);
+  EXPECT_NE(curves.RxEff(3), kOld);
+}
+
+TEST_F(FailingSweep, AReceiverThatSeesNoRealPartEndsTheSweepInTheDivision) {
+  MakePurelyReactive();
+  design.TermRx = 0;
+  MainCalc();
+  EXPECT_EQ(shown.Lines(), Boxes{Box("MainCalc", 11)});
+  EXPECT_EQ(curves.RxTFRe(0), 0) << "the real part is stored before the imaginary one divides";
+  EXPECT_EQ(curves.RxTFIm(0), kOld);
+  EXPECT_NE(curves.TxTFIm(0), kOld);
+  EXPECT_EQ(curves.ZinElecIm(1), kOld);
+}
+
+TEST_F(FailingSweep, ThePathBetweenTwoCentresIsForTwoLayersOnly) {
+  // Every line fails and shows its box, so the boxes count the lines of a point.
+  design.NoFreqPts = 1;
+  for (int slot = 0; slot < kDispersionSlots; ++slot) {
+    design.VelDisp(slot, 0) = design.VelDisp(slot, 1) = 0;
+  }
+  const auto lines = [this](std::int16_t layers) {
+    shown.Forget();
+    design.NoPiezo = layers;
+    MainCalc();
+    const Boxes boxes = shown.Lines();
+    return std::count(boxes.begin(), boxes.end(), Box("Tline", 11)) / 2;
+  };
+  EXPECT_EQ(lines(1), 2) << "the rear half and the front half";
+  EXPECT_EQ(lines(2), 4);
+  EXPECT_EQ(lines(3), 2);
+}
+
 TEST_F(FailingSweep, ASweepInWhichEveryPointFailsStaysUsable) {
   for (int slot = 0; slot < kDispersionSlots; ++slot) {
     for (int i = 0; i <= 8; ++i) {

@@ -171,6 +171,23 @@ TEST_F(BadDesignFile, TenMegabytesOfNoiseTakeUnderASecond) {
   }
 }
 
+TEST_F(BadDesignFile, NoFileTakesMoreThan300Megabytes) {
+#ifdef __SANITIZE_ADDRESS__
+  GTEST_SKIP() << "the sanitizer needs memory of its own";
+#endif
+  Put("huge.dat", good);
+  std::filesystem::resize_file(Path("huge.dat"), std::uintmax_t{1} << 31);
+  ReadDesignFile(Path("huge.dat"));
+  EXPECT_EQ(shownMessages.Lines(), Lines{}) << "what stands behind a design does not matter";
+  std::filesystem::resize_file(Path("huge.dat"), good.size() / 2);
+  std::filesystem::resize_file(Path("huge.dat"), std::uintmax_t{1} << 31);
+  ReadDesignFile(Path("huge.dat"));
+  EXPECT_EQ(shownMessages.Lines().back(), kOpenFailure);
+  rusage used{};
+  ASSERT_EQ(getrusage(RUSAGE_SELF, &used), 0);
+  EXPECT_LT(used.ru_maxrss, 300L << 10) << "KiB at the most in this process";
+}
+
 /// Kinds of damage that a file may take.
 enum class Damage { kCutOff, kFlippedBytes, kDroppedLines, kChangedCounts, kDoubledQuotes, kNoise };
 
@@ -210,7 +227,7 @@ std::string Damaged(std::string text, Damage damage, std::mt19937& random) {
       case Damage::kDoubledQuotes: {
         const std::size_t quote = text.find('"', at);
         if (quote != std::string::npos) {
-          text.insert(quote, upTo(2) == 0 ? "\"" : "\"\"\"");
+          text.insert(quote, upTo(2) == 0 ? R"(")" : R"(""")");
         }
         break;
       }

@@ -84,6 +84,7 @@ TEST_F(DesignFileReader, AReadDerivesConstantsAndOpensTheCommands) {
   design.DesignNew = 65535;
   design.DataFileName = "simple.dat";
   view.CurrentPlot = 11;
+  window.SetEnabled(Item::kFileSaveAs, false);
   ReadSimple();
   EXPECT_EQ(shownMessages.Lines(), Lines{});
   EXPECT_NEAR(design.PZFa(1), 4000 / (2 * 0.0004), 1e-6) << "PiezoConstants ran";
@@ -96,6 +97,7 @@ TEST_F(DesignFileReader, AReadDerivesConstantsAndOpensTheCommands) {
   EXPECT_TRUE(view.FreqAuto);
   EXPECT_TRUE(view.TimeAuto);
   EXPECT_EQ(design.DesignNew, 0);
+  EXPECT_EQ(window.Caption(), "Halvorne: simple.dat");
   EXPECT_TRUE(window.IsEnabled(Item::kFileSaveAs));
   EXPECT_FALSE(window.IsEnabled(Item::kViewTxExcite)) << "there is no excitation";
   EXPECT_EQ(window.RecentFiles(), Lines{"simple.dat"});

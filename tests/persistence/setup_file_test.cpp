@@ -5,6 +5,7 @@
 #include "persistence/file_fixture.h"
 #include "persistence/setup_state.h"
 #include "platform/paths.h"
+#include "plot/plot_select.h"
 #include "timedomain/view.h"
 
 namespace halvorne::testing {
@@ -88,6 +89,34 @@ TEST_F(SetupFile, AProgramThatKeepsNoSessionWritesNothing) {
   window.SetKeepsSession(false);
   writeHalvorneSetup();
   EXPECT_FALSE(std::filesystem::exists(Path("HALVORNESETUP")));
+}
+
+TEST_F(SetupFile, IsWrittenAfterEverySelectionOfAFormTheSameOneToo) {
+  MakeSimpleDesign();
+  Recalc();
+  PlotSelect(11);
+  const std::string first = Get("HALVORNESETUP");
+  EXPECT_TRUE(first.starts_with("11\r\n"));
+  std::filesystem::remove(Path("HALVORNESETUP"));
+  const int form = window.PlotTypeIndex();
+  PlotSelect(11);
+  EXPECT_EQ(window.PlotTypeIndex(), form);
+  EXPECT_EQ(Get("HALVORNESETUP"), first);
+  std::filesystem::remove(Path("HALVORNESETUP"));
+  PlotType_Click();
+  EXPECT_EQ(Get("HALVORNESETUP"), first);
+}
+
+TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsItsMessageAtEverySelection) {
+  MakeSimpleDesign();
+  Recalc();
+  SetProgramFolder(Folder() / "missing");
+  for (int time = 0; time < 2; ++time) {
+    shownMessages.Forget();
+    PlotSelect(11);
+    EXPECT_EQ(shownMessages.Lines(),
+              (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 76. Path not found"}));
+  }
 }
 
 TEST_F(SetupFile, AMissingFileShowsTheMessageAndNothingCreatesIt) {

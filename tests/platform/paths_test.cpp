@@ -10,6 +10,10 @@ namespace {
 namespace fs = std::filesystem;
 
 class ProgramPaths : public ::testing::Test {
+ public:
+  ProgramPaths(const ProgramPaths&) = delete;
+  ProgramPaths& operator=(const ProgramPaths&) = delete;
+
  protected:
   ProgramPaths() : before_(ProgramFolder()) {
     fs::create_directories(folder_ / "Acoustic loads");
@@ -21,8 +25,6 @@ class ProgramPaths : public ::testing::Test {
     SetProgramFolder(before_);
     fs::remove_all(folder_);
   }
-  ProgramPaths(const ProgramPaths&) = delete;
-  ProgramPaths& operator=(const ProgramPaths&) = delete;
 
   const fs::path folder_ =
       fs::temp_directory_path() /

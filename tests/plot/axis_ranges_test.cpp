@@ -141,6 +141,23 @@ TEST_F(AxisRanges, AutoRangeOfAConstant4RunsFrom3To5) {
   Points({{4, 4}, {4, 4}});
   AutoRange(0, 1, points.PlotData);
   EXPECT_EQ(Left(), (std::vector<float>{5, 3, 1}));
+  EXPECT_EQ(Right(), Left()) << "equal ends are parted on both sides";
+}
+
+TEST_F(AxisRanges, AutoRangeOfAConstantMinus1RaisesTheTopOfAnEmptyAxis) {
+  // -1.01 upward and -0.99 downward both come to -1.
+  Points({{-1, -1}, {-1, -1}});
+  AutoRange(0, 1, points.PlotData);
+  EXPECT_EQ(Left(), (std::vector<float>{-0.8F, -1, 1}));
+  EXPECT_EQ(Right(), Left());
+}
+
+TEST_F(AxisRanges, AutoRangeBoundsBothChannels) {
+  Points({{2e13, 2e13}, {3e13, 3e13}});
+  AutoRange(0, 1, points.PlotData);
+  // Both ends come to 1e12 and are parted: 1.01e12 and 0.99e12, a decade below.
+  EXPECT_EQ(Left(), (std::vector<float>{1.5e12F, 0, 1e12F}));
+  EXPECT_EQ(Right(), Left());
 }
 
 TEST_F(AxisRanges, AutoRangeOfANegativeConstantRunsTheRightWayRound) {

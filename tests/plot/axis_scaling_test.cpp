@@ -163,6 +163,8 @@ struct SpanRow {
 TEST_F(AxisScaling, AutoscaleLooksAtTheMiddleOfTheSpan) {
   const SpanRow rows[] = {
       {100, 0, 100, 0, 100},
+      {100, 0, 1000, 0, 1000},
+      {120, 10, 110, 10, 110},  // never beyond the span
       {50, 0, 100, 25, 75},
       {50, 200, 300, 225, 275},
       {5, 0, 100, 47, 53},
@@ -171,6 +173,7 @@ TEST_F(AxisScaling, AutoscaleLooksAtTheMiddleOfTheSpan) {
       {5, 0, 3, 1, 2},    // one step
       {5, 0, 1, 0, 1},
       {0, 0, 2, 1, 2},  // nothing between: one step from the lower end
+      {0, 0, 10, 5, 6},
   };
   for (const SpanRow& row : rows) {
     SCOPED_TRACE(std::to_string(row.percent) + " % of " + std::to_string(row.first) + " to " +
@@ -203,21 +206,25 @@ TEST_F(AxisScaling, AWindowOfOnePointIsScaledOnThatPoint) {
 }
 
 TEST_F(AxisScaling, TheSpectrumsTopComesFromAllFrequencyPointsItsDivisorFromTheTimeWindow) {
-  Show(33, 6);
-  plot.SpectrumShown = true;
-  design.NoFreqPts = 20;
-  scale.FirstPlotPt = 30;
-  scale.LastPlotPt = 31;
-  points.PlotData(20).Y2 = -12;
-  for (long i = 0; i < 20; ++i) {
-    points.PlotData(i).Y2 = -40;
+  for (const long top : {0L, 7L, 20L}) {
+    SCOPED_TRACE(top);
+    Show(33, 6);
+    plot.SpectrumShown = true;
+    design.NoFreqPts = 20;
+    scale.FirstPlotPt = 30;
+    scale.LastPlotPt = 31;
+    for (long i = 0; i <= 20; ++i) {
+      points.PlotData(i).Y2 = -40;
+    }
+    points.PlotData(top).Y2 = -12;
+    points.PlotData(21).Y2 = -500;
+    points.PlotData(30) = {1, -500};
+    points.PlotData(31) = {-1, -500};
+    GetAmplScale(points.PlotData, true);
+    EXPECT_EQ(scale.RightMax, -10) << "the largest of points 0 to NoFreqPts, a step up";
+    EXPECT_EQ(scale.RightMin, -70);
+    EXPECT_EQ(scale.RightMag, 1);
   }
-  points.PlotData(30) = {1, -500};
-  points.PlotData(31) = {-1, -500};
-  GetAmplScale(points.PlotData, true);
-  EXPECT_EQ(scale.RightMax, -10) << "the largest of points 0 to NoFreqPts, a step up";
-  EXPECT_EQ(scale.RightMin, -70);
-  EXPECT_EQ(scale.RightMag, 1);
 }
 
 // --- Horizontal window ---

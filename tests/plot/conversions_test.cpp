@@ -166,6 +166,22 @@ TEST_F(ConversionsTest, ReImConvertMakesTheSixFormsOfAnImpedance) {
   }
 }
 
+TEST_F(ConversionsTest, ReImConvertTakesEveryPointOfTheSweepAndNoOther) {
+  for (const int index : {0, 1, 2, 3, 4, 5}) {
+    SCOPED_TRACE(index);
+    for (int i = 0; i <= 3; ++i) {
+      points.RawData(i) = {3, 4};
+      points.PlotData(i) = {77, 78};
+    }
+    ReImConvert(static_cast<std::int16_t>(index));
+    for (const int i : {0, 2}) {
+      EXPECT_EQ(points.PlotData(i).Y1, points.PlotData(1).Y1);
+      EXPECT_EQ(points.PlotData(i).Y2, points.PlotData(1).Y2);
+    }
+    EXPECT_EQ(points.PlotData(3).Y1, 77);
+  }
+}
+
 TEST_F(ConversionsTest, ReImConvertReadsTheLeftHalfPlaneTheOtherWayRound) {
   points.RawData(0) = {-1, 1};
   points.RawData(1) = {-1, -1};
@@ -231,9 +247,14 @@ class LinLogConvertTest : public ConversionsTest {
   }
 };
 
-TEST_F(LinLogConvertTest, LinearCopiesBothChannels) {
+TEST_F(LinLogConvertTest, LinearCopiesBothChannelsOfEveryPoint) {
   LinLogConvert(0, 20);
+  ExpectPoint(points.PlotData(0), 10, 30);
   ExpectPoint(points.PlotData(1), 1000, -40);
+  ExpectPoint(points.PlotData(2), 0.1, 50);
+  EXPECT_EQ(plot.MeasBuf(0), 10);
+  EXPECT_EQ(plot.MeasBuf(1), 1000);
+  EXPECT_EQ(plot.MeasBuf(2), 0.1);
   EXPECT_FALSE(plot.AmplLog);
   EXPECT_TRUE(measured.CFBWValid);
   EXPECT_TRUE(measured.AttenValid);

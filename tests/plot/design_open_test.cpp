@@ -73,6 +73,7 @@ TEST_F(DesignOpenTest, WithoutADesignAllIsBlankAndDisabled) {
   measured.CFBWValid = measured.PulseWidthValid = measured.AttenValid = true;
   window.SetGridCell(Grid::kCFBW, 3, 1, "5.000");
   window.SetGridCell(Grid::kPulseWidth, 2, 1, "0.1");
+  window.SetAttenuationLabels({"Path length", "Atten rate", "Atten freq", "Exponent"});
   EnableItems(false);
   EXPECT_FALSE(plot.DesignOpen);
   EXPECT_EQ(window.Caption(), "Halvorne: Untitled");
@@ -81,6 +82,7 @@ TEST_F(DesignOpenTest, WithoutADesignAllIsBlankAndDisabled) {
   EXPECT_FALSE(measured.CFBWValid || measured.PulseWidthValid || measured.AttenValid);
   EXPECT_EQ(window.GridCell(Grid::kCFBW, 3, 1), "");
   EXPECT_EQ(window.GridCell(Grid::kPulseWidth, 2, 1), "");
+  EXPECT_EQ(window.AttenuationLabels(), (std::array<std::string, 4>{}));
   for (const Item item : kFollowDesign) {
     EXPECT_FALSE(window.IsEnabled(item)) << static_cast<int>(item);
   }
@@ -170,6 +172,8 @@ TEST_F(DesignOpenTest, TheCursorIsTurnedOffEitherWay) {
     measured.CursorOn = true;
     EnableItems(open);
     EXPECT_FALSE(measured.CursorOn) << open;
+    EnableItems(open);
+    EXPECT_FALSE(measured.CursorOn) << "one that is off stays off";
   }
 }
 
@@ -185,7 +189,9 @@ TEST_F(DesignOpenTest, RecalcSweepsUnderTheHourglassAndShowsThePlot) {
   ListeningWindow listening;
   SetMainWindow(&listening);
   view.CurrentPlot = 14;
+  design.FrontDelay(0) = 0;
   Recalc();
+  EXPECT_GT(design.FrontDelay(0), 0) << "the chains are made anew before the sweep";
   EXPECT_GT(std::hypot(curves.TxTFRe(8), curves.TxTFIm(8)), 0);
   EXPECT_EQ(design.DesignNew, 65535);
   EXPECT_EQ(plot.PlotTitle, "Transmit Transfer Function - P(Pascals)/V(Tx)");

@@ -182,10 +182,14 @@ TEST_F(GatherTest, OnlyPointsOfTheSweepAreTouched) {
 TEST_F(GatherTest, ALoadOfNothingTakesTheSmallestSquareInTheTransmitPower) {
   design.ZFrontRe(3) = 1e-30;
   design.ZFrontIm(3) = 0;
+  design.ZFrontRe(4) = 1e-3;
+  design.ZFrontIm(4) = 0;
   Select(15);
   const double k = kArea * kLayerArea * 4 * kTermTx;
   const double expected = std::norm(Z(testing::kTxTF, 3)) * k * (1e-30 / 1e-50);
   EXPECT_NEAR(points.RawData(3).Y1 / expected, 1, 1e-12);
+  const double soft = std::norm(Z(testing::kTxTF, 4)) * k * 1e3;
+  EXPECT_NEAR(points.RawData(4).Y1 / soft, 1, 1e-12) << "a soft load is taken as it is";
 }
 
 TEST_F(GatherTest, NoTransferIsTheLargestInsertionLoss) {

@@ -83,15 +83,17 @@ TEST_F(GraphLabels, TheFontFollowsTheSurface) {
   };
   const Row rows[] = {
       {SurfaceKind::kMainPicture, 600, 8}, {SurfaceKind::kPrinter, 600, 10},
-      {SurfaceKind::kPreview, 449, 4},    // 6735 twips: 4.5 down to 4
-      {SurfaceKind::kPreview, 600, 5},    // 9000 twips: 5.35 + 0.5
-      {SurfaceKind::kPreview, 673.5, 6},  // 10102.5 twips: 6 + 0.5
-      {SurfaceKind::kPreview, 1000, 9},   // 15000 twips: 8.91 + 0.5
+      {SurfaceKind::kPreview, 449, 4},      // 6735 twips: 4.5 down to 4
+      {SurfaceKind::kPreview, 505.125, 5},  // 7576.875 twips: 4.5 + 0.5
+      {SurfaceKind::kPreview, 600, 5},      // 9000 twips: 5.35 + 0.5
+      {SurfaceKind::kPreview, 673.5, 6},    // 10102.5 twips: 6 + 0.5
+      {SurfaceKind::kPreview, 1000, 9},     // 15000 twips: 8.91 + 0.5
   };
   for (const Row& row : rows) {
     for (const bool small : {false, true}) {
       ShowLabelled(17, 0);
       HeadlessSurface surface(row.kind, 800, row.pixels);
+      surface.SetFontSize(30);
       if (small) {
         ExImAxisLabelOn(surface, 2);
       } else {
@@ -227,10 +229,11 @@ TEST_F(GraphLabels, APeakOfZeroIsMinus760Decibels) {
 
 TEST_F(GraphLabels, OtherPlotsEmptyTheLabelAndKeepTheReportsText) {
   ShowLabelled(31, 0);
-  measured.PeakAmplText = "of the plot before";
+  measured.PeakAmplText = measured.PkAmplCaption = "of the plot before";
   window.SetPeakLabel("of the plot before");
   AxisLabelOn(Picture(), 1);
   EXPECT_EQ(window.PeakLabel(), "");
+  EXPECT_EQ(measured.PkAmplCaption, "");
   EXPECT_EQ(measured.PeakAmplText, "of the plot before");
 }
 

@@ -184,6 +184,17 @@ TEST_F(Graphs, PictureAndPreviewAreKeptForRepaintsThePrinterIsNot) {
   }
 }
 
+TEST_F(Graphs, EachPaneHasItsAxesAndTheLargeOneTheTitle) {
+  for (const int number : {31, 34}) {
+    ShowTwoTraces(number, 0);
+    plot.PlotTitle = "The title";
+    PlotGraphOn(Picture());
+    EXPECT_EQ(OfKind(Picture(), Kind::kBox).size(), number == 34 ? 3U : 1U);
+    EXPECT_EQ(FindText(Picture(), "The title").points[0].y, number == 34 ? 19.91 : 10.75);
+    EXPECT_EQ(std::ranges::count(TextsOn(Picture()), "The title"), 1);
+  }
+}
+
 // --- Traces ---
 
 TEST_F(Graphs, BothTracesAreDrawnInTheirScalesAndColours) {
@@ -192,9 +203,11 @@ TEST_F(Graphs, BothTracesAreDrawnInTheirScalesAndColours) {
     scale.RightMin = -6;
     scale.RightMax = -4;
     HeadlessSurface surface(kind);
+    surface.SetForeColor(kCyan);
     PlotItOn(surface, 0, 2, 1, points.PlotData);
     const auto traces = OfKind(surface, Kind::kPolyline);
     ASSERT_EQ(traces.size(), 2U);
+    EXPECT_EQ(traces[0].drawWidth, 1);
     ASSERT_EQ(traces[0].points.size(), 3U);
     EXPECT_EQ(traces[0].points[0].y, 5.5) << "1 between -10 and 10";
     EXPECT_EQ(traces[0].points[2].y, 6.5);

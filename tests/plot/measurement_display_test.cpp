@@ -45,6 +45,7 @@ TEST_F(MeasurementDisplay, TheFixedRowsStandInTheGridsAndInTheTexts) {
   EXPECT_EQ(window.GridCell(Grid::kPulseWidth, 0, 1), "Width");
   EXPECT_EQ(measured.PulseWidthText[0][1], "Width");
   EXPECT_EQ(measured.CFBWText[2][0], "band20") << "the unit row is not fixed";
+  EXPECT_EQ(window.GridCell(Grid::kCFBW, 2, 0), "");
   EXPECT_EQ(window.GridCell(Grid::kPulseWidth, 1, 0), "");
 }
 

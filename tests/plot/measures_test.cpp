@@ -216,6 +216,27 @@ TEST_F(Measures, ThePeakLooksAtAllSamplesOfTheRecordAndNoFurther) {
   plot.MeasBuf(512) = 50;
   PulseWidthCalc(plot.MeasBuf);
   EXPECT_EQ(measured.PeakAmpl, 2);
+  plot.MeasBuf(0) = 3;
+  PulseWidthCalc(plot.MeasBuf);
+  EXPECT_EQ(measured.PeakAmpl, 3);
+}
+
+TEST_F(Measures, ABandThatReachesTheStartOfTheSweepBeginsThereExactly) {
+  design.FreqStart = 2.5e6;
+  for (long i = 0; i <= 50; ++i) {
+    plot.MeasBuf(i) = 1;  // falls to 0 behind 2.5 + 5 MHz
+  }
+  CFBWCalc(plot.MeasBuf, 20);
+  // Half is reached half a point further: from 2.5 to 7.55 MHz.
+  EXPECT_EQ(Row(3), (Strings{"-6", "5.025", "5.050", "100.50"}));
+}
+
+TEST_F(Measures, TwoLobesAboveHalfAreOneBandFromTheFirstToTheLast) {
+  AddTriangle(100, 20, 10);
+  AddTriangle(200, 20, 8);
+  CFBWCalc(plot.MeasBuf, 20);
+  // 9.0 MHz, and 20.75 MHz where 8 has fallen to 5.
+  EXPECT_EQ(Row(3), (Strings{"-6", "14.875", "11.750", "78.99"}));
 }
 
 TEST_F(Measures, TheWidthSearchIncludesTheMiddleSample) {

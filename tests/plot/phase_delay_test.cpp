@@ -68,6 +68,15 @@ TEST_F(PhaseDelayTest, ExactlyHalfATurnFromTheForecastStays) {
   EXPECT_EQ(Phase(3), 360) << "forecast 360, so 0 is a turn short";
 }
 
+TEST_F(PhaseDelayTest, ALittleMoreThanHalfATurnFromTheForecastIsTakenBack) {
+  SetPhases({0, 0, 180.5});
+  Convert(1);
+  EXPECT_EQ(Phase(2), -179.5);
+  SetPhases({0, 0, -180.5});
+  Convert(1);
+  EXPECT_EQ(Phase(2), 179.5);
+}
+
 TEST_F(PhaseDelayTest, ATurnMovesEverythingBehindIt) {
   SetPhases({0, 0, 200, 0, 0, 0});
   Convert(1);

@@ -95,6 +95,7 @@ TEST_F(PlotSelectTest, FormsOfADispersionPlotAreItsLayers) {
   EXPECT_EQ(setup.DispFaceLayer, 3);
   EXPECT_EQ(plot.PlotTitle, "Velocity dispersion in face layer 3");
   EXPECT_NEAR(points.PlotData(5).Y1, testing::DispersionValue(3, 5), 1e-12);
+  EXPECT_NEAR(points.PlotData(0).Y1, testing::DispersionValue(3, 0), 1e-12);
   EXPECT_EQ(points.PlotData(5).Y2, 0);
 
   setup.DispBackLayer = 13;
@@ -180,6 +181,13 @@ TEST_F(PlotSelectTest, NumbersOutsideTheCatalogueSelectNothing) {
     EXPECT_EQ(window.PlotTypeIndex(), 0);
     EXPECT_FALSE(Drawn());
   }
+  EXPECT_EQ(shownMessages.Lines(), Lines{});
+}
+
+TEST_F(PlotSelectTest, AFormChosenForANumberOutsideTheCatalogueIsNotRemembered) {
+  PlotTypeLoad(2);
+  view.CurrentPlot = 60;
+  window.SetPlotTypeIndex(1);
   EXPECT_EQ(shownMessages.Lines(), Lines{});
 }
 
@@ -275,8 +283,35 @@ TEST_F(PlotSelectTest, ChoosingAFormTurnsTheCursorOff) {
   Select(14);
   measured.CursorOn = true;
   window.SetCursorMax(kIntervals);
+  HeadlessSurface& picture = window.OwnPicture();
+  picture.SetDrawMode(kXorPen);
+  picture.Forget();
   window.SetPlotTypeIndex(1);
   EXPECT_FALSE(measured.CursorOn);
+  ASSERT_FALSE(picture.Operations().empty());
+  EXPECT_EQ(picture.Operations()[0].drawMode, kXorPen) << "removed before the new picture";
+  const auto cleared =
+      std::ranges::find(picture.Operations(), DrawnOperation::Kind::kCls, &DrawnOperation::kind);
+  EXPECT_TRUE(std::none_of(cleared, picture.Operations().end(), [](const DrawnOperation& drawn) {
+    return drawn.kind == DrawnOperation::Kind::kLine && drawn.colour == kCyan;
+  })) << "a line of the cursor stays in the new picture";
+}
+
+/// A window that counts how often it is redrawn.
+class CountingWindow : public HeadlessWindow {
+ public:
+  void RefreshWindow() override { ++refreshes; }
+  int refreshes = 0;
+};
+
+TEST_F(PlotSelectTest, EveryChoiceOfAFormRefreshesTheWindow) {
+  CountingWindow counting;
+  MainWindow* const before = SetMainWindow(&counting);
+  Select(14);
+  EXPECT_EQ(counting.refreshes, 1);
+  counting.SetPlotTypeIndex(1);
+  EXPECT_EQ(counting.refreshes, 2);
+  SetMainWindow(before);
 }
 
 TEST_F(PlotSelectTest, DecibelsOfPowersAndOfAmplitudes) {

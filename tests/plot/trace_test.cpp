@@ -84,6 +84,14 @@ TEST_F(Traces, ATraceThatLeavesThroughTheBottomComesBackAsASecondPiece) {
        {{1.8, 0}, {2, 1}, {3, 1}, {4, 1}, {5, 1}, {6, 1}, {7, 1}, {8, 1}, {9, 1}, {9.25, 0}}});
 }
 
+TEST_F(Traces, AValueALittleOutsideIsOut) {
+  Draw({5, 10.5, 5, -0.5, 5, 5, 5, 5, 5, 5, 5});
+  const double up = 5 / 5.5;
+  ExpectPieces({{{0, 5}, {up, 10}},
+                {{2 - up, 10}, {2, 5}, {2 + up, 0}},
+                {{4 - up, 0}, {4, 5}, {5, 5}, {6, 5}, {7, 5}, {8, 5}, {9, 5}, {10, 5}}});
+}
+
 TEST_F(Traces, ASegmentThatCrossesTheWholeBoxIsDropped) {
   Draw({-5, 15, -5, 15});
   ExpectPieces({});

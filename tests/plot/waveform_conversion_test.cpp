@@ -82,6 +82,9 @@ TEST_F(WaveformConversionTest, NineFormsOfAWaveform) {
   };
   for (const Form& form : kForms) {
     SCOPED_TRACE(form.index);
+    for (int i = 0; i < kTimePoints; ++i) {
+      points.PlotData(i) = {77, 78};
+    }
     plot.DualTrace = !form.dualTrace;
     plot.AmplLog = plot.SpectrumShown = false;
     measured.CFBWValid = measured.PulseWidthValid = measured.AttenValid = false;
@@ -160,8 +163,11 @@ TEST_F(WaveformConversionTest, SilenceIsMinus760Decibels) {
 TEST_F(WaveformConversionTest, AnotherIndexOnlyMeasures) {
   points.PlotData(0) = {77, 78};
   plot.DualTrace = true;
+  plot.MeasBuf(3) = 79;
   Convert(9);
   EXPECT_EQ(points.PlotData(0).Y1, 77);
+  EXPECT_EQ(plot.MeasBuf(3), 79);
+  EXPECT_FALSE(plot.SpectrumShown);
   EXPECT_TRUE(plot.DualTrace);
   EXPECT_TRUE(measured.PulseWidthValid);
 }

@@ -73,12 +73,26 @@ TEST_F(Commands, SaveTheGraphsDataAsksBeforeItOverwrites) {
   EXPECT_EQ(ReadFile(Data("GRAPH1.DAT")), "mine");
 }
 
+TEST_F(Commands, SaveTheGraphsDataWithTheFlagsOfTheDialogBefore) {
+  StartWithDesign();
+  script.ExpectCancelledFileDialog("Save As");
+  script.Expect(FileBox("File Save", 32755, "Cancel was selected."));
+  ClickMenu("mnuFileItem(2)");
+  script.ExpectFileDialog("Save As", [](QFileDialog& dialog) {
+    EXPECT_FALSE(dialog.testOption(QFileDialog::DontConfirmOverwrite))
+        << "the flag that Save As set is gone";
+    dialog.reject();
+  });
+  script.Expect(FileBox("Open Error", 32755, "Cancel was selected."));
+  ClickMenu("mnuEditSaveGraphData");
+}
+
 TEST_F(Commands, CancelledSaveOfTheGraphsDataHasItsTitle) {
   StartWithDesign();
   script.ExpectCancelledFileDialog("Save As");
   script.Expect(FileBox("Open Error", 32755, "Cancel was selected."));
   ClickMenu("mnuEditSaveGraphData");
-  EXPECT_FALSE(main->testAttribute(Qt::WA_SetCursor)) << "the pointer stays busy";
+  EXPECT_EQ(main->cursor().shape(), Qt::ArrowCursor) << "the pointer stays busy";
 }
 
 TEST_F(Commands, ChangeTheElementAndShowTheNewCurves) {
@@ -109,6 +123,7 @@ TEST_F(Commands, OpenTheirDialogs) {
     dialog.close();
   };
   for (const auto& [command, form] : {std::pair{"mnuInputElTerm", "frmElecTermEntry"},
+                                      {"mnuInputSz", "frmSizeEntry"},
                                       {"mnuOptionsItem(1)", "frmPlotScaleEntry"},
                                       {"mnuOptionsItem(2)", "frmDisplayOpt"},
                                       {"mnuHelpItem(3)", "frmAbout"}}) {

@@ -136,7 +136,7 @@ TEST_F(Menus, EnableTheRestWhenADesignIsOpen) {
 TEST_F(Menus, StandOverAToolbarOfEightPicturesOfWhichOneHasACaption) {
   StartProgram();
   const auto* const ground = Find<QWidget>("Picture2");
-  int left = 0;
+  int left = -1;
   for (const char* name :
        {"cmdFileNew", "cmdFileOpen", "cmdFileSave", "cmdViewInputs", "cmdCopyToClipboard",
         "cmdCopyDataToClipboard", "cmdPrintPreview", "cmdPrintReport"}) {

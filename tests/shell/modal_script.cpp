@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCheckBox>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
@@ -20,6 +21,14 @@ std::string Describe(const QWidget& window) {
   return words;
 }
 
+/// Gets rid of a window, also of one that can't be closed without an answer.
+void Dismiss(QWidget& window) {
+  window.close();
+  if (auto* const dialog = qobject_cast<QDialog*>(&window)) {
+    dialog->done(QDialog::Rejected);
+  }
+}
+
 void CheckAndPress(QMessageBox& box, const ExpectedBox& expected) {
   EXPECT_EQ(box.objectName().toStdString(), "MsgBox");
   EXPECT_EQ(box.windowTitle().toStdString(), expected.title);
@@ -27,7 +36,8 @@ void CheckAndPress(QMessageBox& box, const ExpectedBox& expected) {
   EXPECT_EQ(box.icon(), expected.icon) << expected.text;
   EXPECT_EQ(box.standardButtons(), expected.buttons) << expected.text;
   EXPECT_EQ(box.standardButton(box.defaultButton()), expected.defaultButton) << expected.text;
-  QTest::mouseClick(box.button(expected.press), Qt::LeftButton);
+  EXPECT_EQ(box.checkBox() != nullptr, expected.offersSilence) << expected.text;
+  Press(box, expected.press);
 }
 
 }  // namespace
@@ -55,9 +65,20 @@ ExpectedBox FileBox(const std::string& title, int number, const std::string& des
 
 void EnterName(QFileDialog& dialog, const std::string& name) {
   auto* const box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  // At once: letter by letter the dialog's completion would open its list under the test's keys.
-  box->setText(QString::fromStdString(name));
+  box->setFocus();
+  box->selectAll();
+  // As one paste: letter by letter the dialog's completion would open its list under the keys.
+  box->insert(QString::fromStdString(name));
   QTest::keyClick(box, Qt::Key_Return);
+}
+
+void Press(QMessageBox& box, QMessageBox::StandardButton button) {
+  if (QAbstractButton* const found = box.button(button)) {
+    QTest::mouseClick(found, Qt::LeftButton);
+    return;
+  }
+  ADD_FAILURE() << Describe(box) << " lacks the button that was to be pressed";
+  Dismiss(box);
 }
 
 ModalScript::ModalScript() {
@@ -75,7 +96,7 @@ void ModalScript::Expect(const ExpectedBox& box) {
                       auto* const shown = qobject_cast<QMessageBox*>(&window);
                       if (shown == nullptr) {
                         ADD_FAILURE() << box.text << " expected, not " << Describe(window);
-                        window.close();
+                        Dismiss(window);
                         return;
                       }
                       CheckAndPress(*shown, box);
@@ -88,7 +109,7 @@ void ModalScript::ExpectFileDialog(const std::string& title,
                       auto* const dialog = qobject_cast<QFileDialog*>(&window);
                       if (dialog == nullptr) {
                         ADD_FAILURE() << title << " expected, not " << Describe(window);
-                        window.close();
+                        Dismiss(window);
                         return;
                       }
                       EXPECT_EQ(dialog->windowTitle().toStdString(), title);
@@ -110,7 +131,11 @@ void ModalScript::ExpectWindow(const std::string& what, std::function<void(QWidg
 
 void ModalScript::ExpectForm(const std::string& name, std::function<void(QWidget&)> act) {
   ExpectWindow("the window " + name, [name, act](QWidget& window) {
-    EXPECT_EQ(window.objectName().toStdString(), name);
+    if (window.objectName().toStdString() != name) {
+      ADD_FAILURE() << name << " expected, not " << Describe(window);
+      Dismiss(window);
+      return;
+    }
     act(window);
   });
 }
@@ -122,10 +147,15 @@ void ModalScript::Look() {
       std::find(met_.begin(), met_.end(), window) != met_.end()) {
     return;
   }
+  // Nobody types into a window before it is active: controls behave otherwise without the focus.
+  if (!window->isActiveWindow()) {
+    window->activateWindow();
+    return;
+  }
   met_.emplace_back(window);
   if (steps_.empty()) {
     ADD_FAILURE() << "nobody expected " << Describe(*window);
-    window->close();
+    Dismiss(*window);
     return;
   }
   const Step step = steps_.front();

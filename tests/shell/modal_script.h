@@ -19,6 +19,7 @@ struct ExpectedBox {
   QMessageBox::StandardButtons buttons = QMessageBox::Ok;
   QMessageBox::StandardButton defaultButton = QMessageBox::Ok;
   QMessageBox::StandardButton press = QMessageBox::Ok;
+  bool offersSilence = false;  ///< has the check box of a repeated box
 };
 
 /// The common failure box.
@@ -29,8 +30,11 @@ ExpectedBox Question(const std::string& title, const std::string& text,
 /// The box of the file commands.
 ExpectedBox FileBox(const std::string& title, int number, const std::string& description);
 
-/// Puts a name into a file dialog and presses Enter.
+/// Puts a name into a file dialog in place of the one offered and presses Enter.
 void EnterName(QFileDialog& dialog, const std::string& name);
+
+/// Clicks a button of a box. A box without that button is a failure and is dismissed.
+void Press(QMessageBox& box, QMessageBox::StandardButton button);
 
 /// Stands in for the person in front of modal windows: each that opens is met with the next step.
 /// A window that no step expects is a failure and is dismissed.

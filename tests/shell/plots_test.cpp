@@ -1,10 +1,13 @@
 #include <QAction>
+#include <QApplication>
 #include <gmock/gmock.h>
 
 #include "engine/design_model.h"
 #include "plot/catalogue.h"
+#include "plot/graph.h"
 #include "plot/plot_state.h"
 #include "shell/menu_table.h"
+#include "shell/text_extents.h"
 #include "shell/window_test.h"
 
 namespace halvorne::testing {
@@ -16,6 +19,7 @@ class Plots : public WindowTest {
  protected:
   /// Shows each plot by its menu command and each of its forms by the list, and compares.
   void WalkThroughAll() {
+    const QSize smallestGraph = SmallestGraph();
     for (const MenuRow& row : MenuTable()) {
       if (row.plot == 0 || !Action(row.name)->isEnabled()) {
         continue;
@@ -29,6 +33,7 @@ class Plots : public WindowTest {
         SCOPED_TRACE(std::string(row.name) + ", form " + std::to_string(form));
         ASSERT_EQ(Find<QComboBox>("PlotType")->currentIndex(), form);
         ComparePlot(row.plot);
+        LookAtTexts(smallestGraph);
       }
     }
   }
@@ -45,6 +50,29 @@ class Plots : public WindowTest {
     EXPECT_THAT(texts, Contains(scale.LeftMaxText));
     EXPECT_THAT(texts, Contains(scale.LeftMinText));
     CompareMeasurements();
+  }
+
+  /// Axis texts, captions and title of the smallest graph are whole and apart.
+  void LookAtTexts(QSize smallestGraph) {
+    // Kept: a phase that is 0 throughout has a divisor of 1E-30, which makes its axis texts, 90 by
+    // rule, 36 digits long. They fit nowhere.
+    if (scale.RightMag < 1e-20F) {
+      return;
+    }
+    TextExtents smallest(smallestGraph);
+    PlotGraphOn(smallest);
+    for (const std::string& fault : smallest.Faults()) {
+      ADD_FAILURE() << fault;
+    }
+  }
+
+  /// Size of the graph in the smallest window there can be.
+  QSize SmallestGraph() {
+    const QSize before = main->size();
+    main->resize(1, 1);
+    const QSize graph = Find<QWidget>("Picture1")->size();
+    main->resize(before);
+    return graph;
   }
 
   void CompareMeasurements() {
@@ -90,6 +118,18 @@ TEST_F(Plots, OfEverySampleDesignStandBehindTheirCommands) {
     ++opened;
   }
   EXPECT_GE(opened, 6) << "the sample designs are missing";
+}
+
+TEST_F(Plots, KeepTheirWhitePageOnADarkDesktop) {
+  const QPalette before = QApplication::palette();
+  QApplication::setPalette(QPalette(QColor(0x2a, 0x2c, 0x30)));
+  StartWithDesign();
+  const QImage dark = Screen();
+  EXPECT_EQ(dark.pixelColor(2, 2), QColor(Qt::white));
+  EXPECT_EQ(dark, CorePicture());
+  EXPECT_LT(Find<QWidget>("txtEdit")->palette().color(QPalette::Base).lightness(), 128)
+      << "the rest of the window follows the desktop";
+  QApplication::setPalette(before);
 }
 
 TEST_F(Plots, AreEachTheirOwn) {

@@ -4,6 +4,7 @@
 #include <QApplication>
 #include <QMenu>
 #include <QMenuBar>
+#include <QProxyStyle>
 #include <QSqlDatabase>
 #include <QTest>
 #include <fstream>
@@ -56,6 +57,11 @@ WindowTest::~WindowTest() {
 void WindowTest::StartProgram() {
   main = std::make_unique<frmHalvorneMain>();
   main->show();
+  BecomeActive();
+}
+
+void WindowTest::BecomeActive() {
+  main->activateWindow();
   EXPECT_TRUE(QTest::qWaitForWindowActive(main.get()));
 }
 
@@ -134,16 +140,22 @@ void WindowTest::ClickMenu(const std::string& name) {
   QTest::mouseClick(bar, Qt::LeftButton, {}, bar->actionGeometry(way.back()).center());
   for (auto step = way.rbegin(); step + 1 != way.rend(); ++step) {
     QMenu* const menu = (*step)->menu();
-    ASSERT_TRUE(menu->isVisible()) << menu->objectName().toStdString() << " did not open";
+    // A menu within a menu opens a moment after its entry was pressed.
+    ASSERT_TRUE(QTest::qWaitFor([&] { return menu->isVisible(); }))
+        << menu->objectName().toStdString() << " did not open";
     QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(*(step + 1)).center());
   }
   while (QWidget* const open = QApplication::activePopupWidget()) {
     open->close();
   }
+  if (main->isVisible()) {
+    BecomeActive();
+  }
 }
 
 void WindowTest::Click(const std::string& name) {
   QTest::mouseClick(Find<QWidget>(name), Qt::LeftButton);
+  BecomeActive();
 }
 
 void WindowTest::ChooseForm(int index) {
@@ -179,6 +191,16 @@ std::vector<std::string> WindowTest::CoreTexts() const {
   return texts;
 }
 
+/// Opens a menu within a menu at once, not after a moment under the mouse.
+class ImpatientStyle : public QProxyStyle {
+ public:
+  int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                QStyleHintReturn* answer) const override {
+    return hint == SH_Menu_SubMenuPopupDelay ? 0
+                                             : QProxyStyle::styleHint(hint, option, widget, answer);
+  }
+};
+
 std::string ReadFile(const fs::path& path) {
   std::ostringstream text;
   text << std::ifstream(path, std::ios::binary).rdbuf();
@@ -193,6 +215,7 @@ int main(int argc, char** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
   }
   const QApplication application(argc, argv);
+  QApplication::setStyle(new halvorne::testing::ImpatientStyle);
   QApplication::setQuitOnLastWindowClosed(false);
   return RUN_ALL_TESTS();
 }

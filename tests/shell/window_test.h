@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -22,6 +23,8 @@ class WindowTest : public ::testing::Test {
 
   /// Opens the main window, as at the end of start-up.
   void StartProgram();
+  /// Gives the window the focus, as a desktop does when a window in front of it closes.
+  void BecomeActive();
   /// Writes a design with plates and a tone burst to the data folder and returns its path.
   std::string MakeDesignFile(const std::string& name = "probe.dat");
   /// StartProgram, then File, Open with that design.
@@ -29,11 +32,12 @@ class WindowTest : public ::testing::Test {
   /// Opens a file through File, Open.
   void OpenFile(const std::string& path);
 
+  /// Raises when the window has no such control.
   template <class Control>
   Control* Find(const std::string& name) const {
     auto* const control = main->findChild<Control*>(QString::fromStdString(name));
     if (control == nullptr) {
-      ADD_FAILURE() << "no control is named " << name;
+      throw std::runtime_error("no control is named " + name);
     }
     return control;
   }

@@ -81,6 +81,14 @@ TEST_F(Convolution, FindsTheBandOfASweepFromZero) {
   EXPECT_EQ(wave.ConvHiFreq, 10e6);
 }
 
+TEST_F(Convolution, TakesTheLimitsOfASweepFromNextToZeroAsTheyAre) {
+  Sweep(1e-5, 10e6);
+  Convolve();
+  EXPECT_EQ(wave.ConvLoIdx, 0);
+  EXPECT_EQ(wave.ConvLoFreq, 1e-5);
+  EXPECT_EQ(wave.ConvHiFreq, 10e6) << "not the last bin's, which lies lower by the start";
+}
+
 TEST_F(Convolution, FindsTheNearestBinsOfAnyOtherSweep) {
   Sweep(1.3e6, 9.3e6);  // bins of 0.5 MHz: 2.6 is nearest to 3
   Convolve();

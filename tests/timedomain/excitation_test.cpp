@@ -44,13 +44,32 @@ TEST_F(Excitation, SamplesASineBurst) {
 TEST_F(Excitation, DelaysTheBurstByPartsOfASample) {
   draft.TmpExciteDelay = 34e-9F;  // 3.4 samples: from Int(3.9) to Int(11.9)
   CalcExciteWfm();
-  const float start = static_cast<float>(static_cast<double>(34e-9F) * 100e6);
+  const auto start = static_cast<float>(static_cast<double>(34e-9F) * 100e6);
   EXPECT_EQ(draft.TmpExciteWfm(2), 0);
   for (int i = 3; i <= 11; ++i) {
     EXPECT_NEAR(draft.TmpExciteWfm(i), std::sin((i - static_cast<double>(start)) * M_PI / 4), 1e-13)
         << i;
   }
   EXPECT_EQ(draft.TmpExciteWfm(12), 0);
+}
+
+TEST_F(Excitation, RoundsItsFirstAndLastSampleHalfUp) {
+  design.SampleRateHz = 1;
+  draft.TmpExciteFreq = 0.125F;
+  struct Case {
+    float delay, cycles;
+    int first, last;
+  };
+  // Eight samples to a cycle: Int(s + 0.5) to Int(b + s + 0.5).
+  for (const Case& one : {Case{2.5F, 1, 3, 11}, Case{0.25F, 1.03125F, 0, 9}}) {
+    draft.TmpExciteDelay = one.delay;
+    draft.TmpExciteCycles = one.cycles;
+    draft.TmpExcitePhase = 0;
+    CalcExciteWfm();
+    for (int i = 0; i <= 20; ++i) {
+      EXPECT_EQ(draft.TmpExciteWfm(i) != 0, i >= one.first && i <= one.last) << i;
+    }
+  }
 }
 
 // Kept: the phase is rounded to a 32-bit float, which shows in the eighth digit.

@@ -24,6 +24,7 @@ class ImpulseResponse : public FreshProgram {
 
   static std::vector<double> Envelope() {
     std::vector<double> envelope;
+    envelope.reserve(static_cast<std::size_t>(design.NoTimePts));
     for (int i = 0; i < design.NoTimePts; ++i) {
       envelope.push_back(std::hypot(wave.ImpulseRe(i), wave.ImpulseIm(i)));
     }

@@ -35,8 +35,9 @@ TEST_F(SampleRates, AreDerivedFromSweepAndPointCounts) {
 }
 
 TEST_F(SampleRates, MultiplyBeforeTheyDivide) {
-  Sweep(0, 0.1, 3, 512);
-  EXPECT_EQ(design.SampleRateHz, 0.1 * 512 / 3);
+  Sweep(0, 0.3, 3, 1000);  // no power of two, with which both orders are the same
+  EXPECT_EQ(design.SampleRateHz, 0.3 * 1000 / 3);
+  EXPECT_NE(design.SampleRateHz, 0.3 / 3 * 1000);
 }
 
 TEST_F(SampleRates, GiveTheLimitsTheirTexts) {

@@ -234,6 +234,7 @@ struct BadLength {
 TEST_F(Transform, OfALengthThatIsNoPowerOfTwoEndsInTheBox) {
   const BadLength lengths[] = {{0, "Error: 11. Division by zero"},
                                {-4, "Error: 5. Invalid procedure call or argument"},
+                               {INT32_MIN, "Error: 5. Invalid procedure call or argument"},
                                {1000, "Error: 5. Invalid procedure call or argument"},
                                {131072, "Error: 9. Subscript out of range"}};
   for (const BadLength& length : lengths) {

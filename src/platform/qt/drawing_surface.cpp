@@ -176,8 +176,10 @@ void DrawingSurface::PaintDense(QPainter& painter, const QPolygonF& line, QPen p
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setClipRect(QRectF({0, 0}, canvas_.size));  // else each segment is clipped on its own
   painter.setPen(pen);
-  for (int copy = 0; copy < width * width; ++copy) {
-    painter.drawPolyline(line.translated(copy % width, copy / width));
+  for (int right = 0; right < width; ++right) {
+    for (int down = 0; down < width; ++down) {
+      painter.drawPolyline(line.translated(right, down));
+    }
   }
 }
 

@@ -6,6 +6,7 @@
 #include <QFileInfo>
 #include <QFileSystemModel>
 #include <QLineEdit>
+#include <QListView>
 #include <QStringList>
 
 #include "platform/failure.h"
@@ -37,19 +38,34 @@ void ShowAllFiles(QFileDialog& dialog, const QString& filter) {
   }
 }
 
+/// Makes the name in the box the one that is taken: an entry of the list that stayed selected
+/// beside another name would win over it.
+void TakeTheNameInTheBox(QFileDialog& dialog) {
+  auto* const box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
+  auto* const list = dialog.findChild<QListView*>(QStringLiteral("listView"));
+  if (box == nullptr || list == nullptr) {
+    return;  // a desktop's own dialog
+  }
+  QObject::connect(box, &QLineEdit::textChanged, &dialog, [box, list] {
+    for (const QModelIndex& selected : list->selectionModel()->selectedRows()) {
+      if (selected.data().toString() != box->text()) {
+        list->selectionModel()->clearSelection();
+        return;
+      }
+    }
+  });
+}
+
 /// Offers a name. One of another folder stands there whole, so that the folder shown stays.
 void OfferName(QFileDialog& dialog, const QString& name) {
-  if (name.isEmpty()) {
-    return;
-  }
   const QFileInfo file(name);
-  const QString folder = dialog.directory().absolutePath();
   auto* const box = dialog.findChild<QLineEdit*>(QStringLiteral("fileNameEdit"));
-  if (box != nullptr && file.isAbsolute() && file.absolutePath() != folder) {
-    box->setText(name);
+  if (box == nullptr) {
+    dialog.selectFile(name);
     return;
   }
-  dialog.selectFile(name);
+  const bool isHere = file.absolutePath() == dialog.directory().absolutePath();
+  box->setText(isHere ? file.fileName() : name);
 }
 
 }  // namespace
@@ -80,6 +96,7 @@ void CommonDialog::Show(QWidget* owner, bool save) {
     dialog.selectNameFilter(filters[FilterIndex - 1]);
     ShowAllFiles(dialog, filters[FilterIndex - 1]);
   }
+  TakeTheNameInTheBox(dialog);
   OfferName(dialog, FromPath(FileName));
   if (dialog.exec() == QDialog::Accepted && !dialog.selectedFiles().isEmpty()) {
     FileName = QFile::encodeName(dialog.selectedFiles().constFirst()).toStdString();

@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QMainWindow>
 #include <QMessageBox>
 #include <array>
 
@@ -67,6 +68,23 @@ MessageAnswer AnswerOf(int button, const Message& message) {
   return message.defaultAnswer;
 }
 
+/// The window that a box stands in front of: also while another program is active, so that the box
+/// never gets lost behind it and goes with it.
+QWidget* WindowBehind() {
+  if (QWidget* const modal = QApplication::activeModalWidget()) {
+    return modal;
+  }
+  if (QWidget* const active = QApplication::activeWindow()) {
+    return active;
+  }
+  for (QWidget* const window : QApplication::topLevelWidgets()) {
+    if (window->isVisible() && qobject_cast<QMainWindow*>(window) != nullptr) {
+      return window;
+    }
+  }
+  return nullptr;
+}
+
 void Fill(QMessageBox& box, const Message& message) {
   box.setObjectName(QStringLiteral("MsgBox"));
   box.setWindowTitle(ToQString(message.title));
@@ -108,7 +126,7 @@ MessageAnswer MessageBoxes::Show(const Message& message) {
       return before->second.answer;
     }
   }
-  QMessageBox box(QApplication::activeWindow());
+  QMessageBox box(WindowBehind());
   Fill(box, message);
   QCheckBox* silence = nullptr;
   if (counted && ++shownInCommand_[words].times > 1) {

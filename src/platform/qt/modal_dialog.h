@@ -49,7 +49,7 @@ class ModalDialog : public QDialog {
   /// The same on the choice of an option button; leaving it runs nothing.
   template <class Dialog>
   void OnChoice(QAbstractButton* option, void (Dialog::*procedure)()) {
-    Dialog* const dialog = static_cast<Dialog*>(this);
+    auto* const dialog = static_cast<Dialog*>(this);
     connect(option, &QAbstractButton::toggled, dialog, [dialog, procedure](bool chosen) {
       if (chosen) {
         (dialog->*procedure)();
@@ -59,7 +59,7 @@ class ModalDialog : public QDialog {
   /// The same on the choice of element `index` of an array of option buttons.
   template <class Dialog>
   void OnChoice(QAbstractButton* option, void (Dialog::*procedure)(int), int index) {
-    Dialog* const dialog = static_cast<Dialog*>(this);
+    auto* const dialog = static_cast<Dialog*>(this);
     connect(option, &QAbstractButton::toggled, dialog, [dialog, procedure, index](bool chosen) {
       if (chosen) {
         (dialog->*procedure)(index);

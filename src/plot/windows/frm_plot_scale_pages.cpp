@@ -29,6 +29,7 @@ Page MakePage(const QString& caption) {
 
 void AddOptions(QGridLayout* grid, QRadioButton* automatic, QRadioButton* manual) {
   auto* const row = new QHBoxLayout;
+  row->setSpacing(20);
   row->addWidget(automatic);
   row->addWidget(manual);
   row->addStretch();

@@ -1,0 +1,235 @@
+#include <QCheckBox>
+#include <QTest>
+#include <csignal>
+#include <filesystem>
+#include <fstream>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include "engine/design_model.h"
+#include "persistence/setup_state.h"
+#include "plot/plot_state.h"
+#include "shell/window_test.h"
+
+namespace halvorne::testing {
+namespace {
+
+namespace fs = std::filesystem;
+
+/// No file grows beyond so many bytes while this stands, as on a disk that is full.
+class FullDisk {
+ public:
+  explicit FullDisk(rlim_t bytes) {
+    std::signal(SIGXFSZ, SIG_IGN);
+    getrlimit(RLIMIT_FSIZE, &before_);
+    const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+  }
+  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
+  FullDisk(const FullDisk&) = delete;
+  FullDisk& operator=(const FullDisk&) = delete;
+
+ private:
+  rlimit before_{};
+};
+
+/// Nothing in a folder may be written while this stands, not even by root, who steps down for it.
+class ReadOnlyFolder {
+ public:
+  explicit ReadOnlyFolder(const fs::path& folder) : folder_(folder) {
+    Permit(0555);
+    if (geteuid() == 0) {
+      constexpr uid_t nobody = 65534;
+      EXPECT_EQ(seteuid(nobody), 0);
+    }
+  }
+  ~ReadOnlyFolder() {
+    EXPECT_EQ(seteuid(getuid()), 0);
+    Permit(0755);
+  }
+  ReadOnlyFolder(const ReadOnlyFolder&) = delete;
+  ReadOnlyFolder& operator=(const ReadOnlyFolder&) = delete;
+
+ private:
+  void Permit(mode_t mode) const {
+    chmod(folder_.c_str(), mode);
+    for (const auto& entry : fs::recursive_directory_iterator(folder_)) {
+      chmod(entry.path().c_str(), entry.is_directory() ? mode : mode & 0666U);
+    }
+  }
+
+  fs::path folder_;
+};
+
+class DocumentFailures : public WindowTest {
+ protected:
+  const ExpectedBox openFailure{
+      .title = "Halvorne",
+      .text = "Error encountered while trying to open file, please retry.",
+      .icon = QMessageBox::Warning};
+  const ExpectedBox saveFailure{.title = "Halvorne Save File",
+                                .text = "Error occurred trying to close file.",
+                                .icon = QMessageBox::Warning};
+
+  void SaveUnder(const std::string& name) {
+    script.ExpectFileDialog("Save As", Data(name).string());
+    if (fs::exists(Data(name))) {
+      script.ExpectWindow("the dialog's own question", [](QWidget& window) {
+        auto* const box = qobject_cast<QMessageBox*>(&window);
+        ASSERT_NE(box, nullptr);
+        Press(*box, QMessageBox::Yes);
+      });
+      script.Expect(Question("Halvorne Save File", "Overwrite existing file?", QMessageBox::Yes));
+    }
+  }
+};
+
+TEST_F(DocumentFailures, FileThatVanishesBehindTheDialogIsToldAndTheDesignStays) {
+  StartWithDesign();
+  fs::copy(design.DataFileName, Data("gone.dat"));
+  script.ExpectFileDialog("File Open", [&](QFileDialog& dialog) {
+    QObject::connect(&dialog, &QFileDialog::accepted, [&] { fs::remove(Data("gone.dat")); });
+    EnterName(dialog, Data("gone.dat").string());
+  });
+  script.Expect(openFailure);
+  ClickMenu("mnuFileItem(1)");
+  EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + Data("gone.dat").string())
+      << "the name is taken whatever the reader did";
+  EXPECT_EQ(design.DesignTitle, "A probe");
+  EXPECT_EQ(Screen(), CorePicture());
+}
+
+TEST_F(DocumentFailures, FirstFileThatVanishesLeavesAnOpenDesignOfZeros) {
+  const std::string path = MakeDesignFile();
+  StartProgram();
+  script.ExpectFileDialog("File Open", [&](QFileDialog& dialog) {
+    QObject::connect(&dialog, &QFileDialog::accepted, [&] { fs::remove(path); });
+    EnterName(dialog, path);
+  });
+  script.Expect(openFailure);
+  // A design of zeros has no frequency scale; both looks at the axis fail on it.
+  ExpectedBox axis =
+      FailureBox("ERROR in GetPlotFreqTimeScale of PLOTIT", "Error: 11. Division by zero");
+  script.Expect(axis);
+  axis.offersSilence = true;
+  script.Expect(axis);
+  Click("cmdFileOpen");
+  EXPECT_TRUE(plot.DesignOpen);
+  EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + path);
+}
+
+TEST_F(DocumentFailures, CurvesThatAreCutOffAreToldOnceEachAndCanBeSilenced) {
+  StartWithDesign();
+  std::string cut = ReadFile(design.DataFileName);
+  cut.resize(cut.find("[ Zfront Re, Im ]") + 40);
+  std::ofstream(Data("cut.dat"), std::ios::binary) << cut;
+  const ExpectedBox array =
+      FailureBox("ERROR in AryInput2 of FILES", "Error: 62. Input past end of file");
+  script.ExpectFileDialog("File Open", Data("cut.dat").string());
+  script.Expect(array);
+  script.Expect(openFailure);
+  ClickMenu("mnuFileItem(1)");
+  EXPECT_TRUE(plot.DesignOpen);
+}
+
+TEST_F(DocumentFailures, FullDiskLeavesTheDesignUnsavedAndSavableElsewhere) {
+  StartWithDesign();
+  const std::string whole = ReadFile(Data("probe.dat"));
+  design.DesignNew = 65535;
+  {
+    const FullDisk full(512);
+    SaveUnder("full.dat");
+    script.Expect(saveFailure);
+    ClickMenu("mnuFileItem(2)");
+  }
+  EXPECT_EQ(design.DesignNew, 65535) << "the design counts as saved";
+  EXPECT_EQ(ReadFile(Data("full.dat")), whole.substr(0, 512)) << "what fitted stays on disk";
+  EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + Data("full.dat").string());
+  EXPECT_EQ(ReadFile(Data("probe.dat")), whole) << "another file was touched";
+
+  SaveUnder("elsewhere.dat");
+  ClickMenu("mnuFileItem(2)");
+  EXPECT_EQ(ReadFile(Data("elsewhere.dat")), whole);
+  EXPECT_EQ(design.DesignNew, 0);
+}
+
+TEST_F(DocumentFailures, FullDiskOnAnOverwrittenFileIsToldOnceAndTheNextSaveMendsIt) {
+  StartWithDesign();
+  const std::string whole = ReadFile(Data("probe.dat"));
+  {
+    const FullDisk full(512);
+    SaveUnder("probe.dat");
+    script.Expect(saveFailure);
+    ClickMenu("mnuFileItem(2)");
+  }
+  EXPECT_EQ(ReadFile(Data("probe.dat")), whole.substr(0, 512));
+  SaveUnder("probe.dat");
+  ClickMenu("mnuFileItem(2)");
+  EXPECT_EQ(ReadFile(Data("probe.dat")), whole);
+}
+
+TEST_F(DocumentFailures, FullDiskOnCloseIsToldAndTheWindowClosesTheDesign) {
+  StartWithDesign();
+  const FullDisk full(512);
+  script.Expect(Question("Halvorne Save File", "Overwrite existing file?", QMessageBox::Yes));
+  script.Expect(saveFailure);
+  ClickMenu("mnuFileItem(3)");
+  EXPECT_FALSE(plot.DesignOpen) << "the writer's failure does not reach the command";
+}
+
+TEST_F(DocumentFailures, FullDiskUnderTheGraphsDataHasItsTitle) {
+  StartWithDesign();
+  const FullDisk full(512);
+  script.ExpectFileDialog("Save As", Data("GRAPH1.DAT").string());
+  script.Expect(FileBox("Open Error", 75, "Path/File access error"));
+  ClickMenu("mnuEditSaveGraphData");
+  EXPECT_EQ(main->cursor().shape(), Qt::ArrowCursor) << "the pointer stays busy";
+}
+
+TEST_F(DocumentFailures, ReadOnlyProgramFolderIsToldAtEachChangeAndThePlotsGoOn) {
+  const std::string path = MakeDesignFile();
+  StartProgram();
+  const std::string before = ReadFile(Folder() / "HALVORNESETUP");
+  const ReadOnlyFolder readOnly(Folder());
+  const ExpectedBox setupFailure =
+      FailureBox("ERROR in writeHalvorneSetup of FILES", "Error: 70. Permission denied");
+  script.ExpectFileDialog("File Open", path);
+  script.Expect(setupFailure);
+  ClickMenu("mnuFileItem(1)");
+  EXPECT_EQ(Screen(), CorePicture());
+  script.Expect(setupFailure);
+  ClickMenu("mnuViewRxEff");
+  EXPECT_EQ(view.CurrentPlot, 23);
+  EXPECT_EQ(Screen(), CorePicture());
+
+  SaveUnder("copy.dat");
+  script.Expect(saveFailure);
+  ClickMenu("mnuFileItem(2)");
+  EXPECT_EQ(ReadFile(Folder() / "HALVORNESETUP"), before);
+}
+
+TEST_F(DocumentFailures, FileThatMayNotBeReadIsAnOpenFailure) {
+  StartWithDesign();
+  fs::create_directory(Data("folder.dat"));
+  script.Expect(openFailure);
+  main->OpenDesign(Data("folder.dat").string());
+  EXPECT_TRUE(plot.DesignOpen);
+}
+
+TEST_F(DocumentFailures, DesignOpensWithoutASetupFileAndItsPlotsCanBeChosen) {
+  fs::remove(Folder() / "HALVORNESETUP");
+  const std::string path = MakeDesignFile();
+  script.Expect(FailureBox("ERROR in ReadHalvorneSetup of FILES", "Error: 53. File not found"));
+  StartProgram();
+  OpenFile(path);
+  EXPECT_TRUE(plot.DesignOpen);
+  EXPECT_EQ(Find<QComboBox>("PlotType")->count(), 0) << "plot 0 shows nothing";
+  ClickMenu("mnuViewTxZ");
+  EXPECT_EQ(view.CurrentPlot, 11);
+  EXPECT_GT(Find<QComboBox>("PlotType")->count(), 0);
+  EXPECT_TRUE(fs::exists(Folder() / "HALVORNESETUP")) << "the first change writes the file";
+}
+
+}  // namespace
+}  // namespace halvorne::testing

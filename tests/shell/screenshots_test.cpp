@@ -1,0 +1,212 @@
+#include <QAction>
+#include <QDir>
+#include <QMenu>
+#include <QMenuBar>
+#include <QProcess>
+#include <QScreen>
+#include <QTabBar>
+#include <QTest>
+#include <fstream>
+
+#include "shell/frm_startup.h"
+#include "shell/layout_check.h"
+#include "shell/window_test.h"
+
+namespace halvorne::testing {
+namespace {
+
+/// A screen, its size in points.
+struct Desktop {
+  int width;
+  int height;
+  int ratio;  ///< device pixels per point
+
+  std::string Name() const {
+    return std::to_string(width) + "x" + std::to_string(height) + "_at_" + std::to_string(ratio);
+  }
+};
+
+/// Set in the process that stands before the desktop named by it.
+constexpr const char* kDesktopVariable = "HALVORNE_TEST_DESKTOP";
+
+QPalette DarkPalette() {
+  QPalette dark;
+  const QColor ground(0x2a, 0x2c, 0x30);
+  const QColor ink(0xe8, 0xe8, 0xe8);
+  for (const auto role : {QPalette::Window, QPalette::Button, QPalette::ToolTipBase}) {
+    dark.setColor(role, ground);
+  }
+  dark.setColor(QPalette::Base, QColor(0x1e, 0x1f, 0x22));
+  dark.setColor(QPalette::AlternateBase, ground);
+  for (const auto role :
+       {QPalette::WindowText, QPalette::Text, QPalette::ButtonText, QPalette::ToolTipText}) {
+    dark.setColor(role, ink);
+    dark.setColor(QPalette::Disabled, role, QColor(0x80, 0x80, 0x80));
+  }
+  dark.setColor(QPalette::Light, QColor(0x50, 0x52, 0x56));
+  dark.setColor(QPalette::Midlight, QColor(0x3c, 0x3e, 0x42));
+  dark.setColor(QPalette::Mid, QColor(0x20, 0x21, 0x24));
+  dark.setColor(QPalette::Dark, QColor(0x16, 0x17, 0x19));
+  dark.setColor(QPalette::Shadow, Qt::black);
+  dark.setColor(QPalette::Highlight, QColor(0x2f, 0x6f, 0xb5));
+  dark.setColor(QPalette::HighlightedText, Qt::white);
+  dark.setColor(QPalette::PlaceholderText, QColor(0x90, 0x90, 0x90));
+  return dark;
+}
+
+/// Every window of the program, taken on one desktop after the other.
+class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desktop> {
+ protected:
+  /// Takes a picture of a window and looks whether everything in it is whole and in its place.
+  void Take(QWidget& window, const std::string& name) {
+    QCoreApplication::sendPostedEvents();
+    QApplication::processEvents();
+    EXPECT_TRUE(SaveShot(window.grab(), name));
+    for (const std::string& fault : LayoutFaults(window)) {
+      ADD_FAILURE() << theme_ << " " << name << ": " << fault;
+    }
+  }
+
+  bool SaveShot(const QPixmap& picture, const std::string& name) const {
+    const QDir folder(QStringLiteral(HALVORNE_BINARY_DIR "/screenshots"));
+    constexpr int quick = 80;  // a light compression
+    return folder.mkpath(QStringLiteral(".")) &&
+           picture.save(folder.filePath(QString::fromStdString(GetParam().Name() + "_" + theme_ +
+                                                               "_" + name + ".png")),
+                        "PNG", quick);
+  }
+
+  /// Opens a dialog by `open`, takes it once per page button, and closes it.
+  void TakeDialog(const std::string& form, const std::vector<std::string>& pages,
+                  const std::function<void()>& open) {
+    script.ExpectForm(form, [&](QWidget& window) {
+      if (pages.empty()) {
+        Take(window, form);
+      }
+      for (const std::string& page : pages) {
+        auto* const button = window.findChild<QAbstractButton*>(QString::fromStdString(page));
+        if (button->isEnabled()) {
+          QTest::mouseClick(button, Qt::LeftButton);
+          Take(window, form + "_" + button->text().toLower().toStdString());
+        }
+      }
+      window.close();
+    });
+    open();
+  }
+
+  void TakeDialogs() {
+    TakeDialog("frmSizeEntry", {}, [&] { ClickMenu("mnuInputSz"); });
+    TakeDialog("frmElecTermEntry", {}, [&] { ClickMenu("mnuInputElTerm"); });
+    TakeDialog("frmDisplayOpt", {"CmdView(0)", "CmdView(1)", "CmdView(2)"},
+               [&] { ClickMenu("mnuOptionsItem(2)"); });
+    TakeDialog("frmAbout", {}, [&] { ClickMenu("mnuHelpItem(3)"); });
+    ClickMenu("mnuView2WayItem(0)");
+    TakeDialog("frmPlotScaleEntry", {"CmdShow(0)", "CmdShow(1)"},
+               [&] { ClickMenu("mnuOptionsItem(1)"); });
+    ClickMenu("mnuView2WayItem(3)");
+    TakeDialog("frmPlotScaleEntry", {"CmdShow(2)"}, [&] { ClickMenu("mnuOptionsItem(1)"); });
+    script.ExpectForm("MsgBox", [&](QWidget& window) {
+      Take(window, "MsgBox");
+      window.close();
+    });
+    messages().Show({.title = "ERROR in MainCalc of CALCS", .text = "Error: 6. Overflow"});
+  }
+
+  void TakeMenus() {
+    for (const char* name : {"mnuFile", "mnuEdit", "mnuInput", "mnuViewTx", "mnuOptions"}) {
+      auto* const menu = Find<QMenu>(name);
+      menu->popup(main->mapToGlobal(QPoint(0, 30)));
+      EXPECT_TRUE(SaveShot(menu->grab(), std::string(name)));
+      menu->close();
+    }
+  }
+
+  void TakeStartup() {
+    frmStartup startup([] {});
+    startup.show();
+    Take(startup, "frmStartup");
+  }
+
+  void TakeMainWindow() {
+    StartProgram();
+    Take(*main, "frmHalvorneMain_empty");
+    OpenSample("burst_3mhz_dispersive.dat");
+    ClickMenu("mnuViewTxZ");
+    Take(*main, "frmHalvorneMain_impedance");
+    ClickMenu("mnuView2WayItem(2)");
+    ChooseForm(6);
+    Take(*main, "frmHalvorneMain_spectrum");
+    Click("Cursor1");
+    Take(*main, "frmHalvorneMain_cursor");
+    ClickMenu("mnuView2WayItem(3)");
+    ChooseForm(1);
+    Take(*main, "frmHalvorneMain_excitation");
+    ClickMenu("mnuView2WayItem(0)");
+    main->resize(main->minimumSize());
+    Take(*main, "frmHalvorneMain_smallest");
+    main->resize(screen_);
+    Take(*main, "frmHalvorneMain_largest");
+  }
+
+  void OpenSample(const std::string& name) {
+    std::filesystem::copy(std::filesystem::path(HALVORNE_SOURCE_DIR) / "share" / "DATA" / name,
+                          Data(name));
+    OpenFile(Data(name).string());
+    std::filesystem::remove(Data(name));
+  }
+
+  void TakeAll() {
+    screen_ = QGuiApplication::primaryScreen()->geometry().size();
+    EXPECT_EQ(screen_, QSize(GetParam().width, GetParam().height));
+    EXPECT_EQ(qApp->devicePixelRatio(), GetParam().ratio);
+    const QPalette light = QApplication::palette();
+    for (const bool dark : {false, true}) {
+      theme_ = dark ? "dark" : "light";
+      QApplication::setPalette(dark ? DarkPalette() : light);
+      TakeStartup();
+      TakeMainWindow();
+      TakeMenus();
+      TakeDialogs();
+      main.reset();
+    }
+  }
+
+ private:
+  std::string theme_;
+  QSize screen_;
+};
+
+TEST_P(Screenshots, ShowEveryWindowWholeAndInOrder) {
+  if (qEnvironmentVariableIsSet(kDesktopVariable)) {
+    TakeAll();
+    return;
+  }
+  // The size of the screen and its resolution are given to the toolkit at its start.
+  const Desktop& desktop = GetParam();
+  const std::string screens = (Folder() / "screens.json").string();
+  std::ofstream(screens) << R"({"screens":[{"name":"screen","x":0,"y":0,"width":)"
+                         << desktop.width * desktop.ratio << R"(,"height":)"
+                         << desktop.height * desktop.ratio << R"(,"logicalDpi":96,"dpr":1}]})";
+  QProcessEnvironment surroundings = QProcessEnvironment::systemEnvironment();
+  surroundings.insert(kDesktopVariable, QString::fromStdString(desktop.Name()));
+  surroundings.insert("QT_QPA_PLATFORM", "offscreen:configfile=" + QString::fromStdString(screens));
+  surroundings.insert("QT_SCALE_FACTOR", QString::number(desktop.ratio));
+  QProcess process;
+  process.setProcessEnvironment(surroundings);
+  process.setProcessChannelMode(QProcess::MergedChannels);
+  const ::testing::TestInfo& self = *::testing::UnitTest::GetInstance()->current_test_info();
+  process.start(QCoreApplication::applicationFilePath(),
+                {QStringLiteral("--gtest_filter=%1.%2").arg(self.test_suite_name(), self.name())});
+  constexpr int patience = 100'000;  // ms
+  ASSERT_TRUE(process.waitForFinished(patience));
+  EXPECT_EQ(process.exitCode(), 0) << process.readAll().toStdString();
+}
+
+INSTANTIATE_TEST_SUITE_P(On, Screenshots,
+                         ::testing::Values(Desktop{1366, 768, 1}, Desktop{1366, 768, 2},
+                                           Desktop{1920, 1080, 1}, Desktop{1920, 1080, 2}),
+                         [](const auto& desktop) { return desktop.param.Name(); });
+
+}  // namespace
+}  // namespace halvorne::testing
