@@ -42,7 +42,7 @@ struct ToolRow {
 };
 
 constexpr std::array kToolbar = std::to_array<ToolRow>({
-    {"cmdFileNew", "new", "Close the design and start anew"},
+    {"cmdFileNew", "new", "New"},
     {"cmdFileOpen", "open", "Open a design file"},
     {"cmdFileSave", "save", "Save the design under a name"},
     {"cmdViewInputs", "inputs", "View the inputs of the design", "Input", true},

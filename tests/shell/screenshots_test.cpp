@@ -68,7 +68,7 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
   }
 
   bool SaveShot(const QPixmap& picture, const std::string& name) const {
-    const QDir folder(QStringLiteral(HALVORNE_BINARY_DIR "/screenshots"));
+    const QDir folder(QStringLiteral(HALVORNE_SOURCE_DIR "/build/screenshots"));
     constexpr int quick = 80;  // a light compression
     return folder.mkpath(QStringLiteral(".")) &&
            picture.save(folder.filePath(QString::fromStdString(GetParam().Name() + "_" + theme_ +
