@@ -62,6 +62,8 @@ function(halvorne_test name)
   target_link_libraries(test_${name} PRIVATE ${TEST_LINKS} GTest::gmock GTest::gtest_main halvorne_options)
   target_compile_definitions(test_${name} PRIVATE
     HALVORNE_SOURCE_DIR="${PROJECT_SOURCE_DIR}" HALVORNE_BINARY_DIR="${PROJECT_BINARY_DIR}")
+  # Built by every check and run once.
+  target_compile_options(test_${name} PRIVATE $<$<NOT:$<CONFIG:Debug>>:-O1>)
   gtest_discover_tests(test_${name} DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300
     ENVIRONMENT "QT_QPA_PLATFORM=offscreen;LC_ALL=C" LABELS "${TEST_LABELS}")
 endfunction()

@@ -183,8 +183,9 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
     }
     if (watched == Picture2) {
       Picture2_Click();
-    } else if (watched == fraAtten ||
-               std::ranges::find(attenuation_, watched) != attenuation_.end()) {
+    } else if (fraAtten->isEnabled() &&
+               (watched == fraAtten ||
+                std::ranges::find(attenuation_, watched) != attenuation_.end())) {
       fraAtten_DblClick(watched->objectName().toStdString());
       return true;
     }

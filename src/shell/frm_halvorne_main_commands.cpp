@@ -193,8 +193,9 @@ void frmHalvorneMain::fraAtten_DblClick(const std::string& control) try {
 }
 
 void frmHalvorneMain::LeaveTitleBox() {
-  if (txtEdit->hasFocus()) {
+  if (txtEdit->isModified()) {
     txtEdit_LostFocus();
+    txtEdit->setModified(false);
   }
 }
 

@@ -6,6 +6,8 @@
 #include <QLineEdit>
 #include <QTest>
 #include <gtest/gtest.h>
+#include <string>
+#include <vector>
 
 #include "support/fresh_program.h"
 
@@ -44,6 +46,16 @@ class DialogDriver {
 
   std::string Text(const char* name) const { return Find<QLineEdit>(name)->text().toStdString(); }
   std::string Caption(const char* name) const { return Find<QLabel>(name)->text().toStdString(); }
+  /// Names of the controls that the Tab key leads through, the one with the focus first.
+  std::vector<std::string> TabOrder() const {
+    std::vector<std::string> way;
+    const QWidget* const first = dialog_.focusWidget();
+    do {
+      way.push_back(dialog_.focusWidget()->objectName().toStdString());
+      QTest::keyClick(dialog_.focusWidget(), Qt::Key_Tab);
+    } while (dialog_.focusWidget() != first && way.size() < 30);
+    return way;
+  }
   bool Enabled(const char* name) const { return Find<QWidget>(name)->isEnabled(); }
   bool Visible(const char* name) const { return Find<QWidget>(name)->isVisible(); }
   bool Chosen(const char* name) const { return Find<QAbstractButton>(name)->isChecked(); }

@@ -89,5 +89,22 @@ TEST_F(DisplayOptions, ClosingDropsTypedValues) {
   EXPECT_FALSE(design.AttenOn);
 }
 
+TEST_F(DisplayOptions, KeyboardAloneReachesEveryPage) {
+  frmDisplayOpt dialog;
+  const DialogDriver driver(dialog);
+  using Way = std::vector<std::string>;
+  EXPECT_EQ(driver.TabOrder(), (Way{"optPhase(0)", "cmdDisplayOptOK", "CmdView(0)"}));
+  QTest::keyClick(driver.Find<QWidget>("optPhase(0)"), Qt::Key_Down);
+  EXPECT_EQ(setup.PhaseDisplayOption, 1);
+  driver.Find<QWidget>("CmdView(0)")->setFocus();
+  QTest::keyClick(driver.Find<QWidget>("CmdView(0)"), Qt::Key_Right);
+  EXPECT_TRUE(driver.Visible("FrameAttin"));
+  EXPECT_EQ(driver.TabOrder(),
+            (Way{"CmdView(1)", "chkAttenEnable", "txtAttenLength", "txtAttenRate", "txtAttenFreq",
+                 "txtAttenExp", "cmdDisplayOptOK"}));
+  QTest::keyClick(driver.Find<QWidget>("CmdView(1)"), Qt::Key_Right);
+  EXPECT_EQ(driver.TabOrder(), (Way{"CmdView(2)", "optFontSize(0)", "cmdDisplayOptOK"}));
+}
+
 }  // namespace
 }  // namespace halvorne::testing

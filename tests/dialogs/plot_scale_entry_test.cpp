@@ -76,6 +76,52 @@ TEST_F(PlotScaleEntry, OptionsActBeforeOk) {
   EXPECT_FALSE(view.AmplAuto) << "closing keeps the options";
 }
 
+TEST_F(PlotScaleEntry, GoingBackToAutoFillsEachPageAnew) {
+  Show(14, 1);
+  const std::string top = scale.LeftMaxText;
+  frmPlotScaleEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Click("optAmplManual");
+  driver.Type("txtLeftMax", "999");
+  driver.Click("optAmplAuto");
+  EXPECT_TRUE(view.AmplAuto);
+  EXPECT_EQ(driver.Text("txtLeftMax"), top);
+  EXPECT_FALSE(driver.Enabled("txtLeftMax"));
+  EXPECT_TRUE(driver.Enabled("txtAmplWindow"));
+  EXPECT_TRUE(driver.Enabled("txtLogRng"));
+  driver.Click("CmdShow(1)");
+  driver.Click("optFreqManual");
+  EXPECT_FALSE(view.FreqAuto);
+  EXPECT_TRUE(driver.Enabled("txtFreqUpper"));
+  driver.Type("txtFreqLower", "4");
+  driver.Click("optFreqAuto");
+  EXPECT_TRUE(view.FreqAuto);
+  EXPECT_EQ(driver.Text("txtFreqLower"), "1.000");
+  EXPECT_FALSE(driver.Enabled("txtFreqLower"));
+  EXPECT_EQ(driver.Caption("lblFreqUnit2"), "MHz");
+}
+
+TEST_F(PlotScaleEntry, GoingBackToAutoFillsTheTimePageAnew) {
+  Show(16, 1);
+  const std::string end = scale.TimeUpperText;
+  frmPlotScaleEntry dialog;
+  const DialogDriver driver(dialog);
+  driver.Click("CmdShow(2)");
+  EXPECT_TRUE(driver.Enabled("txtTWindow"));
+  EXPECT_EQ(driver.Text("txtTWindow"), "50");
+  EXPECT_EQ(driver.Caption("lblStopTimeLimit"), "9.990") << "1023 steps at 102.4 MHz";
+  EXPECT_EQ(driver.Caption("lblTimeUnit2"), driver.Caption("lblTimeUnit"));
+  driver.Click("optTimeManual");
+  EXPECT_FALSE(view.TimeAuto);
+  EXPECT_FALSE(driver.Enabled("txtTWindow"));
+  driver.Type("txtTimeUpper", "3");
+  driver.Click("optTimeAuto");
+  EXPECT_TRUE(view.TimeAuto);
+  EXPECT_EQ(driver.Text("txtTimeUpper"), end);
+  EXPECT_FALSE(driver.Enabled("txtTimeUpper"));
+  EXPECT_TRUE(driver.Enabled("txtTWindow"));
+}
+
 TEST_F(PlotScaleEntry, ManualScaleCountsInTheUnitsOfTheAxisTexts) {
   const float magnitude = scale.LeftMag;
   frmPlotScaleEntry dialog;
@@ -104,7 +150,7 @@ TEST_F(PlotScaleEntry, EqualEndsRaiseTheTopByOnePlottedUnit) {
 
 TEST_F(PlotScaleEntry, LogRangeIsBoundedFromOneTo200) {
   for (const auto& [typed, taken] :
-       {std::pair<const char*, double>{"0.5", 1}, {"500", 200}, {"-40", 40}}) {
+       {std::pair<const char*, double>{"0.5", 1}, {"500", 200}, {"-40", 40}, {"wide", 1}}) {
     Show(14, 1);
     frmPlotScaleEntry dialog;
     const DialogDriver driver(dialog);
@@ -128,7 +174,7 @@ TEST_F(PlotScaleEntry, LogRangeTypedBeforeGoingManualIsDropped) {
 
 TEST_F(PlotScaleEntry, AmplitudeWindowIsBoundedFrom5To100) {
   for (const auto& [typed, taken] :
-       {std::pair<const char*, float>{"1", 5}, {"150", 100}, {"-50", 50}}) {
+       {std::pair<const char*, float>{"1", 5}, {"150", 100}, {"-50", 50}, {"all", 5}}) {
     frmPlotScaleEntry dialog;
     const DialogDriver driver(dialog);
     driver.Type("txtAmplWindow", typed);
@@ -198,7 +244,7 @@ TEST_F(PlotScaleEntry, TimeValuesInTheWrongOrderSwapAndSnapToSamples) {
 
 TEST_F(PlotScaleEntry, TimeWindowPercentIsBounded) {
   for (const auto& [typed, taken] :
-       {std::pair<const char*, float>{"0.1", 0.25F}, {"100", 99.5F}, {"-3", 0.25F}}) {
+       {std::pair<const char*, float>{"0.1", 0.25F}, {"100", 99.5F}, {"-3", 0.25F}, {"", 0.25F}}) {
     Show(16, 1);
     frmPlotScaleEntry dialog;
     const DialogDriver driver(dialog);
@@ -207,6 +253,36 @@ TEST_F(PlotScaleEntry, TimeWindowPercentIsBounded) {
     driver.Click("cmdPlotScaleOK");
     EXPECT_EQ(view.TimeWindowPercent, taken) << typed;
   }
+}
+
+TEST_F(PlotScaleEntry, KeyboardAloneReachesEveryControl) {
+  Show(14, 1);
+  frmPlotScaleEntry dialog;
+  const DialogDriver driver(dialog);
+  using Way = std::vector<std::string>;
+  EXPECT_EQ(driver.TabOrder(),
+            (Way{"txtLogRng", "txtAmplWindow", "cmdPlotScaleOK", "CmdShow(0)", "optAmplAuto"}));
+  driver.Find<QWidget>("optAmplAuto")->setFocus();
+  QTest::keyClick(driver.Find<QWidget>("optAmplAuto"), Qt::Key_Right);
+  EXPECT_FALSE(view.AmplAuto) << "an arrow leads on to Manual";
+  EXPECT_EQ(driver.TabOrder(), (Way{"optAmplManual", "txtLeftMax", "txtLeftMin", "txtRightMax",
+                                    "txtRightMin", "cmdPlotScaleOK", "CmdShow(0)"}));
+  driver.Find<QWidget>("CmdShow(0)")->setFocus();
+  QTest::keyClick(driver.Find<QWidget>("CmdShow(0)"), Qt::Key_Right);
+  EXPECT_TRUE(driver.Visible("FrameFreq"));
+  EXPECT_EQ(driver.TabOrder(), (Way{"CmdShow(1)", "optFreqAuto", "cmdPlotScaleOK"}));
+}
+
+TEST_F(PlotScaleEntry, StartsInTheFirstBoxThatTakesAValue) {
+  frmPlotScaleEntry automatic;
+  DialogDriver driver(automatic);
+  EXPECT_TRUE(driver.Find<QWidget>("txtAmplWindow")->hasFocus());
+  driver.Click("optAmplManual");
+  driver.Press(Qt::Key_Escape);
+  frmPlotScaleEntry manual;
+  const DialogDriver next(manual);
+  EXPECT_TRUE(next.Find<QWidget>("txtLeftMax")->hasFocus());
+  EXPECT_EQ(next.TabOrder().back(), "optAmplManual") << "the chosen option is the one to stop at";
 }
 
 }  // namespace

@@ -149,6 +149,18 @@ TEST_F(SizeDialog, RectangleNamesLengthThenWidth) {
       << "the layer's constants follow the area";
 }
 
+TEST_F(SizeDialog, KeyboardAloneReachesEveryControl) {
+  design.ElementShape = 2;
+  frmSizeEntry dialog;
+  const DialogDriver driver(dialog);
+  using Way = std::vector<std::string>;
+  EXPECT_EQ(driver.TabOrder(),
+            (Way{"txtPiezoDim1", "txtPiezoDim2", "cmdSizeOK", "cmdSizeCancel", "optAnnulus"}));
+  driver.Find<QWidget>("optAnnulus")->setFocus();
+  QTest::keyClick(driver.Find<QWidget>("optAnnulus"), Qt::Key_Down);
+  EXPECT_EQ(driver.Caption("lblPiezoDim1"), "Length") << "an arrow leads on to the rectangle";
+}
+
 class TerminationsDialog : public FreshProgram {
  protected:
   TerminationsDialog() { MakeSimpleDesign(); }

@@ -153,6 +153,32 @@ TEST_F(Commands, DoubleClickOnTheAttenuationSetsTheDisplayOptions) {
   }
 }
 
+TEST_F(Commands, DoubleClickOnADisabledAttenuationDoesNothing) {
+  StartProgram();
+  const auto clickAll = [&] {
+    for (const char* name :
+         {"fraAtten", "lblAttenLength", "lblAttenRate", "lblAttenFreq", "lblAttenExp"}) {
+      QTest::mouseDClick(Find<QWidget>(name), Qt::LeftButton);
+    }
+  };
+  clickAll();
+  OpenFile(MakeDesignFile());
+  ClickMenu("mnuViewTxZ");
+  ASSERT_FALSE(Enabled("fraAtten")) << "an impedance has no loss in the load medium";
+  clickAll();
+}
+
+TEST_F(Commands, KeysOfDisabledMenusDoNothing) {
+  StartProgram();
+  QGuiApplication::clipboard()->setText(QStringLiteral("mine"));
+  constexpr Qt::KeyboardModifiers shift = Qt::ControlModifier | Qt::ShiftModifier;
+  QTest::keyClick(main.get(), Qt::Key_C, Qt::ControlModifier);
+  QTest::keyClick(main.get(), Qt::Key_C, shift);
+  QTest::keyClick(main.get(), Qt::Key_S, shift);
+  QTest::keyClick(main.get(), Qt::Key_W, Qt::ControlModifier);
+  EXPECT_EQ(ClipboardText(), QStringLiteral("mine"));
+}
+
 TEST_F(Commands, HelpShowsItsContentsAndSearchesThem) {
   StartProgram();
   ClickMenu("mnuHelpItem(0)");

@@ -75,11 +75,8 @@ class DocumentFailures : public WindowTest {
   void SaveUnder(const std::string& name) {
     script.ExpectFileDialog("Save As", Data(name).string());
     if (fs::exists(Data(name))) {
-      script.ExpectWindow("the dialog's own question", [](QWidget& window) {
-        auto* const box = qobject_cast<QMessageBox*>(&window);
-        ASSERT_NE(box, nullptr);
-        Press(*box, QMessageBox::Yes);
-      });
+      script.ExpectForm(
+          "MsgBox", [](QWidget& own) { Press(static_cast<QMessageBox&>(own), QMessageBox::Yes); });
       script.Expect(Question("Halvorne Save File", "Overwrite existing file?", QMessageBox::Yes));
     }
   }
@@ -98,6 +95,16 @@ TEST_F(DocumentFailures, FileThatVanishesBehindTheDialogIsToldAndTheDesignStays)
       << "the name is taken whatever the reader did";
   EXPECT_EQ(design.DesignTitle, "A probe");
   EXPECT_EQ(Screen(), CorePicture());
+}
+
+TEST_F(DocumentFailures, NameWithoutAFileIsToldByTheReader) {
+  StartWithDesign();
+  script.ExpectFileDialog("File Open", Data("none.dat").string());
+  script.Expect(openFailure);
+  ClickMenu("mnuFileItem(1)");
+  EXPECT_EQ(main->windowTitle().toStdString(), "Halvorne: " + Data("none.dat").string());
+  EXPECT_EQ(design.DesignTitle, "A probe");
+  EXPECT_FALSE(fs::exists(Data("none.dat")));
 }
 
 TEST_F(DocumentFailures, FirstFileThatVanishesLeavesAnOpenDesignOfZeros) {

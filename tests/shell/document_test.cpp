@@ -120,11 +120,8 @@ TEST_F(Document, SaveAsAsksTwiceAndANoToTheSecondLeavesTheNewName) {
   std::ofstream(Data("other.dat")) << "mine";
   design.DesignNew = 65535;
   script.ExpectFileDialog("Save As", Data("other.dat").string());
-  script.ExpectWindow("the dialog's own question", [](QWidget& window) {
-    auto* const box = qobject_cast<QMessageBox*>(&window);
-    ASSERT_NE(box, nullptr);
-    Press(*box, QMessageBox::Yes);
-  });
+  script.ExpectForm("MsgBox",
+                    [](QWidget& own) { Press(static_cast<QMessageBox&>(own), QMessageBox::Yes); });
   script.Expect(kOverwriteNo);
   ClickMenu("mnuFileItem(2)");
   EXPECT_EQ(ReadFile(Data("other.dat")), "mine");
@@ -291,6 +288,19 @@ TEST_F(Document, TakesTheTitleWhenACommandStartsOutOfItsBox) {
   QTest::keyClicks(box, QStringLiteral("By button"));
   Click("cmdCopyDataToClipboard");
   EXPECT_TRUE(QGuiApplication::clipboard()->text().contains(QStringLiteral("By button")));
+}
+
+TEST_F(Document, TakesATypedTitleThoughAnotherWindowIsTheActiveOne) {
+  StartWithDesign();
+  QWidget other;
+  other.show();
+  other.activateWindow();
+  ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
+  auto* const box = Find<QLineEdit>("txtEdit");
+  box->selectAll();
+  QTest::keyClicks(box, QStringLiteral("From afar"));
+  Action("mnuEditCopyGraphData")->trigger();
+  EXPECT_EQ(design.DesignTitle, "From afar");
 }
 
 TEST_F(Document, LeavesTheBytesOfATitleThatNobodyChanged) {

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QApplication>
+#include <QTest>
 #include <gmock/gmock.h>
 
 #include "engine/design_model.h"
@@ -153,6 +154,34 @@ TEST_F(Plots, FormIsWrittenToTheSetupFileAtOnce) {
   const std::string before = ReadFile(Folder() / "HALVORNESETUP");
   ChooseForm(Find<QComboBox>("PlotType")->currentIndex() == 0 ? 1 : 0);
   EXPECT_NE(ReadFile(Folder() / "HALVORNESETUP"), before);
+}
+
+TEST_F(Plots, DialogsWriteTheSetupFileOnOk) {
+  StartWithDesign();
+  const auto lastLines = [&] {
+    const std::string file = ReadFile(Folder() / "HALVORNESETUP");
+    return file.substr(file.find("\r\n1,") + 2);
+  };
+  ClickMenu("mnuViewTxWfm");
+  script.ExpectForm("frmPlotScaleEntry", [](QWidget& dialog) {
+    const auto type = [&](const char* name, const char* text) {
+      auto* const box = dialog.findChild<QLineEdit*>(QLatin1String(name));
+      box->selectAll();
+      QTest::keyClicks(box, QLatin1String(text));
+    };
+    type("txtAmplWindow", "70");
+    QTest::mouseClick(dialog.findChild<QWidget*>(QStringLiteral("CmdShow(2)")), Qt::LeftButton);
+    type("txtTWindow", "25");
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  ClickMenu("mnuOptionsItem(1)");
+  EXPECT_TRUE(lastLines().ends_with("\r\n25\r\n70\r\n")) << lastLines();
+  script.ExpectForm("frmDisplayOpt", [](QWidget& dialog) {
+    QTest::keyClick(dialog.findChild<QWidget*>(QStringLiteral("optPhase(0)")), Qt::Key_Down);
+    QTest::keyClick(&dialog, Qt::Key_Return);
+  });
+  ClickMenu("mnuOptionsItem(2)");
+  EXPECT_NE(lastLines().find("\r\n1,1,1\r\n"), std::string::npos) << lastLines();
 }
 
 TEST_F(Plots, SettingsOutliveTheSession) {

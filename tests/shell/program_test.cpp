@@ -61,6 +61,34 @@ TEST_F(Program, EndsWhenItsWindowIsClosed) {
   EXPECT_EQ(FormCount("frmStartup"), 0);
 }
 
+/// Closes a window as its close box does.
+void CloseByItsBox(QWidget& window) {
+  QCloseEvent event;
+  QSpontaneKeyEvent::setSpontaneous(&event);
+  qApp->notify(&window, &event);
+}
+
+TEST_F(Program, EndsByTheCloseBoxThoughAWindowStandsBesideIt) {
+  QWidget other;
+  EXPECT_EQ(Run([&](frmHalvorneMain& window) {
+              other.show();
+              CloseByItsBox(window);
+            }),
+            0);
+}
+
+TEST_F(Program, GoesOnWhenTheSystemOrTheProgramItselfUnloads) {
+  EXPECT_EQ(Run([](frmHalvorneMain& window) {
+              for (const int mode : {1, 2}) {
+                window.Form_QueryUnload(mode);
+                EXPECT_TRUE(window.isVisible()) << "mode " << mode << " ended the program itself";
+              }
+              window.Form_QueryUnload(3);
+              EXPECT_FALSE(window.isVisible()) << "the task manager ends it";
+            }),
+            0);
+}
+
 TEST_F(Program, EndsByItsExitCommand) {
   EXPECT_EQ(Run([](frmHalvorneMain& window) {
               QTest::keyClick(&window, Qt::Key_Q, Qt::ControlModifier);

@@ -85,6 +85,20 @@ TEST_F(Start, TellsOnceThatTheHelpIsMissingAndGoesOn) {
   EXPECT_TRUE(main->isVisible());
 }
 
+TEST_F(Start, PointerIsBusyUntilTheWindowStands) {
+  std::filesystem::remove(Folder() / "HALVORNE.HLP");
+  script.ExpectForm("MsgBox", [](QWidget& box) {
+    for (const QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QStringLiteral("frmHalvorneMain")) {
+        EXPECT_EQ(window->cursor().shape(), Qt::WaitCursor);
+      }
+    }
+    box.close();
+  });
+  StartProgram();
+  EXPECT_EQ(main->cursor().shape(), Qt::ArrowCursor);
+}
+
 TEST_F(Start, CountsAnEmptiedHelpFolderAsMissing) {
   std::filesystem::remove_all(Folder() / "help");
   script.Expect(kMissingHelp);
@@ -130,7 +144,10 @@ TEST_F(Start, NamesTheSources) {
 TEST_F(Start, OfTheStartWindowLastsASecondAndIsUnloadedByTheMainWindow) {
   bool stood = false;
   frmStartup startup([&] { StartProgram(); });
-  QTimer::singleShot(200, &startup, [&] { stood = startup.isVisible(); });
+  QTimer::singleShot(200, &startup, [&] {
+    stood = startup.isVisible();
+    EXPECT_EQ(startup.cursor().shape(), Qt::WaitCursor);
+  });
   QElapsedTimer clock;
   clock.start();
   startup.Form_Load();

@@ -39,6 +39,17 @@ TEST_F(WindowLook, TabKeyLeadsThroughTheControlsAsTheyAreRead) {
   EXPECT_EQ(way, asRead);
 }
 
+TEST_F(WindowLook, CaptionsOfItsControlsStandLetterByLetter) {
+  StartProgram();
+  EXPECT_EQ(Caption("LblPlotType"), "Plot Type:");
+  EXPECT_EQ(Find<QPushButton>("Cursor1")->text(), QStringLiteral("&Cursor"));
+  for (const auto& [frame, title] : {std::pair{"fraCFBW", "Center Freq and Bandwidth"},
+                                     {"fraPulseWidth", "Pulse Width and Level"},
+                                     {"fraAtten", "Attenuation in Load Medium"}}) {
+    EXPECT_EQ(Find<QGroupBox>(frame)->title().toStdString(), title);
+  }
+}
+
 /// Mean difference of brightness between what an icon draws and what lies under it.
 double Contrast(const QToolButton& button) {
   const QImage icon = button.icon().pixmap(28).toImage();

@@ -1,5 +1,6 @@
 #include "platform/qt/file_dialogs.h"
 
+#include <QChildEvent>
 #include <QDir>
 #include <QFile>
 #include <QFileDialog>
@@ -7,6 +8,7 @@
 #include <QFileSystemModel>
 #include <QLineEdit>
 #include <QListView>
+#include <QMessageBox>
 #include <QStringList>
 
 #include "platform/failure.h"
@@ -29,6 +31,20 @@ QStringList NameFilters(const std::string& filter) {
   }
   return texts;
 }
+
+/// The toolkit's dialog, whose own questions carry the name of all message boxes.
+class FileDialog final : public QFileDialog {
+ public:
+  using QFileDialog::QFileDialog;
+
+ protected:
+  void childEvent(QChildEvent* event) override {
+    if (event->polished() && qobject_cast<QMessageBox*>(event->child()) != nullptr) {
+      event->child()->setObjectName(QStringLiteral("MsgBox"));
+    }
+    QFileDialog::childEvent(event);
+  }
+};
 
 /// Lets "*.*" show names without a point as well.
 void ShowAllFiles(QFileDialog& dialog, const QString& filter) {
@@ -83,10 +99,10 @@ void CommonDialog::ShowHelp() const {
 }
 
 void CommonDialog::Show(QWidget* owner, bool save) {
-  QFileDialog dialog(owner, ToQString(DialogTitle), FromPath(InitDir));
+  FileDialog dialog(owner, ToQString(DialogTitle), FromPath(InitDir));
   dialog.setObjectName(ToQString(name_));
   dialog.setAcceptMode(save ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
-  dialog.setFileMode(save ? QFileDialog::AnyFile : QFileDialog::ExistingFile);
+  dialog.setFileMode(QFileDialog::AnyFile);  // a name without a file is the reader's to tell
   dialog.setOption(QFileDialog::DontConfirmOverwrite, save && (Flags & kOverwritePrompt) == 0);
   const QStringList filters = NameFilters(Filter);
   dialog.setNameFilters(filters);

@@ -1,5 +1,6 @@
 #include "platform/qt/modal_dialog.h"
 
+#include <QRadioButton>
 #include <QScreen>
 #include <QShowEvent>
 
@@ -21,8 +22,21 @@ void ModalDialog::Centre() {
   move(area.x() + area.width() / 2 - width() / 2, area.y() + area.height() / 2 - height() / 2);
 }
 
+/// Lets the Tab key stop at the chosen option of each group, which the toolkit does by itself only
+/// once an option had the focus.
+void ModalDialog::StopAtChosenOptions() {
+  for (const QRadioButton* chosen : findChildren<QRadioButton*>()) {
+    if (chosen->isChecked()) {
+      for (QRadioButton* option : chosen->parentWidget()->findChildren<QRadioButton*>()) {
+        option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
+      }
+    }
+  }
+}
+
 void ModalDialog::showEvent(QShowEvent* event) {
   QDialog::showEvent(event);
+  StopAtChosenOptions();
   Centre();  // once more with the final size: fonts and styles count only when it is shown
 }
 
@@ -31,7 +45,7 @@ void FramePages::Add(QAbstractButton* button, QFrame* frame) {
   policy.setRetainSizeWhenHidden(true);
   frame->setSizePolicy(policy);
   button->setCheckable(true);
-  button->setAutoExclusive(true);
+  group_.addButton(button);
   pages_.push_back({button, frame});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <QAbstractButton>
+#include <QButtonGroup>
 #include <QDialog>
 #include <QFrame>
 #include <QLineEdit>
@@ -68,6 +69,9 @@ class ModalDialog : public QDialog {
   }
 
   void showEvent(QShowEvent* event) override;
+
+ private:
+  void StopAtChosenOptions();
 };
 
 /// A row of buttons that shows one of several frames in the same place and hides the others.
@@ -86,6 +90,8 @@ class FramePages {
     QFrame* frame;
   };
   std::vector<Page> pages_;
+  /// Keeps the buttons apart from the options on the pages, which lie in the same window.
+  QButtonGroup group_;
 };
 
 /// Number in a text box; what is no number counts as 0.

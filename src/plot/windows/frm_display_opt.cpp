@@ -62,6 +62,11 @@ frmDisplayOpt::frmDisplayOpt(QWidget* parent)
   closing->addWidget(cmdDisplayOptOK);
   outer->addLayout(closing);
   Form_Load();
+  for (QRadioButton* option : optPhase) {
+    if (option->isChecked()) {
+      option->setFocus();
+    }
+  }
 }
 
 QFrame* frmDisplayOpt::MakePhasePage() {

@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "plot/plot_state.h"
 #include "plot/windows/frm_plot_scale_entry.h"
 
 // How the window of the plot scales looks; what it does stands in frm_plot_scale_entry.cpp.
@@ -67,6 +68,8 @@ frmPlotScaleEntry::frmPlotScaleEntry(QWidget* parent)
 
   ConnectEvents();
   Form_Load();
+  QLineEdit* const automatic = plot.AmplLog ? txtLogRng : txtAmplWindow;
+  (view.AmplAuto ? automatic : txtLeftMax)->setFocus();
 }
 
 QFrame* frmPlotScaleEntry::MakeAmplitudePage() {

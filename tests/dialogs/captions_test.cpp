@@ -1,0 +1,111 @@
+#include <QGroupBox>
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "dialogs/dialog_driver.h"
+#include "dialogs/frm_elec_term_entry.h"
+#include "dialogs/frm_size_entry.h"
+#include "engine/design_model.h"
+#include "plot/plot_select.h"
+#include "plot/plot_state.h"
+#include "plot/windows/frm_display_opt.h"
+#include "plot/windows/frm_plot_scale_entry.h"
+
+namespace halvorne::testing {
+namespace {
+
+struct Words {
+  const char* form;
+  std::function<std::unique_ptr<QDialog>()> make;
+  std::vector<std::string> buttons;  ///< "name: caption"
+  std::vector<std::string> frames;   ///< titles
+  std::vector<std::string> labels;   ///< fixed texts
+};
+
+template <class Dialog>
+std::unique_ptr<QDialog> Make() {
+  return std::make_unique<Dialog>();
+}
+
+const std::vector<Words> kWords{
+    {"frmSizeEntry",
+     Make<frmSizeEntry>,
+     {"optCircle: Circular Disk", "optAnnulus: Annular Ring", "optRect: Rectangle", "cmdSizeOK: OK",
+      "cmdSizeCancel: Cancel"},
+     {"Element Shape:"},
+     {"mm"}},
+    {"frmElecTermEntry",
+     Make<frmElecTermEntry>,
+     {"cmdElecOK: OK", "cmdElecCancel: Cancel"},
+     {},
+     {"Transmitter Output Impedance", "Receiver Input Impedance", "Ohms"}},
+    {"frmPlotScaleEntry",
+     Make<frmPlotScaleEntry>,
+     {"CmdShow(0): Amplitude", "CmdShow(1): Frequency", "CmdShow(2): Time", "optAmplAuto: Auto",
+      "optAmplManual: Manual", "optFreqAuto: Auto", "optFreqManual: Manual", "optTimeAuto: Auto",
+      "optTimeManual: Manual", "cmdPlotScaleOK: OK"},
+     {"Amplitude scale", "Frequency window", "Time window"},
+     {"Max", "Min", "Units", "Log range:", "dB", "Autoscale on:", "% of span", "Start", "Stop",
+      "Limits", "0.000", "0 to", "Auto window width:", "% of Tmax"}},
+    {"frmDisplayOpt",
+     Make<frmDisplayOpt>,
+     {"CmdView(0): Phase", "CmdView(1): Attenuation", "CmdView(2): Fonts",
+      "optPhase(0): Phase ( +/- 180 degree window)", "optPhase(1): Unwrapped phase",
+      "optPhase(2): Delay ( -phase slope)", "optFontSize(0): 8 point", "optFontSize(1): 10 point",
+      "optFontSize(2): 12 point", "chkAttenEnable: Enable attenuation in load medium",
+      "cmdDisplayOptOK: OK"},
+     {"Transfer function phase or delay plots", "Text window font size", "Attenuation parameters:"},
+     {"Attenuation  =  L * A * (F/Fo)^n   dB (one way)", "One-way path length L", "cm",
+      "Attenuation rate A", "dB/cm", "Frequency Fo", "Exponent n"}},
+};
+
+class Captions : public FreshProgram, public ::testing::WithParamInterface<Words> {
+ protected:
+  Captions() {
+    MakeSimpleDesign();
+    design.ElementShape = 1;
+    view.CurrentPlot = 14;
+    PlotSelect(14);
+  }
+};
+
+/// True when the dialog holds a control of that kind whose text is `text`.
+template <class Control, class Text>
+bool Holds(const QDialog& dialog, const std::string& text, Text textOf) {
+  for (const Control* control : dialog.findChildren<Control*>()) {
+    if (textOf(*control).toStdString() == text) {
+      return true;
+    }
+  }
+  return false;
+}
+
+TEST_P(Captions, StandLetterByLetter) {
+  const std::unique_ptr<QDialog> dialog = GetParam().make();
+  EXPECT_EQ(dialog->objectName().toStdString(), GetParam().form);
+  std::vector<std::string> buttons;
+  for (const auto* button : dialog->findChildren<QAbstractButton*>()) {
+    buttons.push_back((button->objectName() + ": " + button->text()).toStdString());
+  }
+  std::vector<std::string> expected = GetParam().buttons;
+  std::sort(buttons.begin(), buttons.end());
+  std::sort(expected.begin(), expected.end());
+  EXPECT_EQ(buttons, expected);
+  for (const std::string& title : GetParam().frames) {
+    EXPECT_TRUE(Holds<QGroupBox>(*dialog, title, [](const QGroupBox& box) { return box.title(); }))
+        << title;
+  }
+  for (const std::string& text : GetParam().labels) {
+    EXPECT_TRUE(Holds<QLabel>(*dialog, text, [](const QLabel& label) { return label.text(); }))
+        << text;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, Captions, ::testing::ValuesIn(kWords),
+                         [](const auto& each) { return std::string(each.param.form); });
+
+}  // namespace
+}  // namespace halvorne::testing
