@@ -133,8 +133,8 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
     const QSize told(static_cast<int>(screen_.width() * 0.8),
                      static_cast<int>(screen_.height() * 0.8));
     EXPECT_EQ(main->size(), told.expandedTo(main->minimumSize())) << "not 80 percent of the screen";
-    EXPECT_NEAR(main->x() + main->width() / 2, screen_.width() / 2, 1) << "not in the middle";
-    EXPECT_NEAR(main->y() + main->height() / 2, screen_.height() / 2, 1) << "not in the middle";
+    EXPECT_NEAR(main->x() + main->width() / 2.0, screen_.width() / 2.0, 1) << "not in the middle";
+    EXPECT_NEAR(main->y() + main->height() / 2.0, screen_.height() / 2.0, 1) << "not in the middle";
     Take(*main, "frmHalvorneMain_empty");
     OpenSample("burst_3mhz_dispersive.dat");
     ClickMenu("mnuViewTxZ");

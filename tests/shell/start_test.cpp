@@ -68,8 +68,8 @@ TEST_F(Start, TakesFourFifthsOfTheScreenInItsMiddle) {
   const QSize screen = main->screen()->geometry().size();
   const QSize told(static_cast<int>(screen.width() * 0.8), static_cast<int>(screen.height() * 0.8));
   EXPECT_EQ(main->size(), told.expandedTo(main->minimumSize())) << "its contents come first";
-  EXPECT_NEAR(main->geometry().center().x(), screen.width() / 2, 4);
-  EXPECT_NEAR(main->geometry().center().y(), screen.height() / 2, 4);
+  EXPECT_NEAR(main->geometry().center().x(), screen.width() / 2.0, 4);
+  EXPECT_NEAR(main->geometry().center().y(), screen.height() / 2.0, 4);
 }
 
 TEST_F(Start, ReadsTheSetupFileAndCountsTheFirstFormAsAChange) {
