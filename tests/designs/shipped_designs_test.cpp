@@ -154,7 +154,7 @@ TEST_F(BurstProbe, DispersesItsPlateAsItsLossDemands) {
     const long point = std::lround((freq - design.FreqStart) / design.FreqStep);
     return 1 / (design.FaceMatl(1).Velocity * design.VelDisp(1, point));
   };
-  for (const double freq : {0.5e6, 1e6, 2e6, 3e6}) {
+  for (const double freq : {0.5e6, 1e6, 2e6, 2.5e6}) {
     EXPECT_NEAR(slowness(freq) - slowness(2 * freq), perOctave, 2e-3 * perOctave) << freq;
   }
   EXPECT_NEAR(slowness(1e6), 1 / 2800.0, 1e-9) << "the velocity holds at the loss's frequency";
