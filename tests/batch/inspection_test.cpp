@@ -77,7 +77,7 @@ TEST_F(BatchInspection, NamesEachPlotItsFormsAndItsAxis) {
     EXPECT_EQ(Text(x["unit"]), row.time ? "usec" : "MHz");
     EXPECT_EQ(Text(x["lowerText"]), row.time ? "0.000" : "0.500");
     EXPECT_EQ(x["first"].toInt(-1), 0);
-    EXPECT_EQ(x["last"].toInt(), row.time ? 2048 : 275);
+    EXPECT_EQ(x["last"].toInt(), row.time ? 2048 : 250);
   }
 }
 
