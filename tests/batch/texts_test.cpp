@@ -86,7 +86,7 @@ TEST_F(BatchTexts, GraphDataIsATableWithTabsInDisplayUnits) {
   EXPECT_EQ(lines[1], "Plot Title: Electrical Input Impedance");
   EXPECT_EQ(lines[2], "Data Units");
   EXPECT_EQ(lines[3], "Frequency\tZ\tTheta");
-  EXPECT_EQ(lines[4], "MHz\tKOhms\tDegrees");
+  EXPECT_EQ(lines[4], "MHz\tOhms\tDegrees");  // below 1000 in the whole sweep
   for (std::size_t i = 0; i < 250; ++i) {
     const auto fields = FieldsOf(lines[i + 5], '\t');
     ASSERT_EQ(fields.size(), 3U);
