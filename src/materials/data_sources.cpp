@@ -3,7 +3,7 @@
 #include <QFile>
 #include <QSqlDatabase>
 
-#include "persistence/file_helpers.h"
+#include "persistence/file_names.h"
 #include "platform/failure.h"
 #include "platform/messages.h"
 #include "platform/qt/text.h"

@@ -1,6 +1,6 @@
 #include "persistence/design_file.h"
 #include "persistence/design_file_rows.h"
-#include "persistence/file_helpers.h"
+#include "persistence/overwrite_question.h"
 #include "persistence/version.h"
 #include "platform/failure.h"
 #include "platform/messages.h"

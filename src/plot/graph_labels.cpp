@@ -1,6 +1,6 @@
 #include <cmath>
 
-#include "persistence/file_helpers.h"
+#include "persistence/file_names.h"
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/number_text.h"

@@ -2,7 +2,7 @@
 #include <string>
 #include <string_view>
 
-#include "persistence/file_helpers.h"
+#include "persistence/overwrite_question.h"
 #include "persistence/value_writer.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
