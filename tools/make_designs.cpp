@@ -24,7 +24,7 @@
 
 #include "batch/batch_messages.h"
 #include "batch/derived_values.h"
-#include "batch/design_fields.h"
+#include "batch/set_option.h"
 #include "engine/frequency_sweep.h"
 #include "format3_writer.h"
 #include "load_and_dispersion_laws.h"

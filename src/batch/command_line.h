@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "batch/design_fields.h"
+#include "batch/set_option.h"
 
 namespace halvorne::batch {
 

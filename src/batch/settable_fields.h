@@ -36,6 +36,6 @@ struct Field {
 };
 
 /// All fields of the design that can be named.
-const std::vector<Field>& Fields();
+const std::vector<Field>& SettableFields();
 
 }  // namespace halvorne::batch

@@ -1,4 +1,4 @@
-#include "batch/field_table.h"
+#include "batch/settable_fields.h"
 
 #include <bit>
 #include <type_traits>
@@ -192,7 +192,7 @@ void AddExcitationAndDocument(std::vector<Field>& table) {
 
 }  // namespace
 
-const std::vector<Field>& Fields() {
+const std::vector<Field>& SettableFields() {
   static const std::vector<Field> all = [] {
     std::vector<Field> table;
     AddPiezoelectric(table);

@@ -1,10 +1,10 @@
-#include "batch/design_fields.h"
+#include "batch/set_option.h"
 
 #include <algorithm>
 #include <cctype>
 
 #include "batch/derived_values.h"
-#include "batch/field_table.h"
+#include "batch/settable_fields.h"
 #include "batch/stops.h"
 
 namespace halvorne::batch {
@@ -59,7 +59,7 @@ std::string NameWithBounds(const Field& field) {
 }
 
 const Field& FindField(const std::string& name) {
-  const std::vector<Field>& table = Fields();
+  const std::vector<Field>& table = SettableFields();
   if (const auto found = std::ranges::find(table, name, &Field::name); found != table.end()) {
     return *found;
   }
@@ -123,7 +123,7 @@ void ApplySettings(std::span<const Setting> settings) {
 
 std::vector<std::string> FieldNames() {
   std::vector<std::string> names;
-  for (const Field& field : Fields()) {
+  for (const Field& field : SettableFields()) {
     names.push_back(NameWithBounds(field));
   }
   return names;
