@@ -5,7 +5,8 @@
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "persistence/design_file.h"
-#include "plot/design_open.h"
+#include "plot/enable_items.h"
+#include "plot/plot_after_open.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
 
@@ -58,7 +59,7 @@ void OpenDesign(Session& session) {
     throw CommandFailed(request.in + " could not be read as a design");
   }
   EnableItems(true);
-  PlotSelect(kFirstPlot);
+  ShowPlotAfterOpen();
   ApplySettings(request.settings);
   if (request.recalc) {
     Recalc();

@@ -6,6 +6,7 @@
 #include "platform/main_window.h"
 #include "platform/number_text.h"
 #include "platform/numbers.h"
+#include "plot/axis_end_rounding.h"
 #include "plot/catalogue.h"
 
 namespace halvorne {

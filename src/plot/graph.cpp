@@ -7,6 +7,7 @@
 #include "plot/cursor.h"
 #include "plot/measures.h"
 #include "plot/trace.h"
+#include "plot/trace_colours.h"
 
 namespace halvorne {
 namespace {
@@ -90,7 +91,7 @@ void DrawSecondTrace(Surface& surface, std::int32_t first, std::int32_t last,
   const std::int32_t end = plot.SpectrumShown ? design.NoFreqPts : last;
   // A black-and-white printout still tells the traces apart.
   surface.SetDrawStyle(surface.Kind() == SurfaceKind::kPrinter ? kDots : kSolid);
-  surface.SetForeColor(kBlue);
+  surface.SetForeColor(kSecondTraceColour);
   DrawTrace(surface, {.array = array,
                       .channel = &PlotPoint::Y2,
                       // Kept: also a spectrum starts with the value of the first point shown.
@@ -163,7 +164,7 @@ void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int1
   AxisDrawOn(surface);
   ScaleAndLabel(surface, pane, array);
   surface.SetDrawWidth(1);
-  surface.SetForeColor(kBlack);
+  surface.SetForeColor(kFirstTraceColour);
   DrawFirstTrace(surface, first, last, array);
   if (plot.DualTrace) {
     DrawSecondTrace(surface, first, last, array);

@@ -5,7 +5,7 @@
 #include "engine/design_model.h"
 #include "platform/failure.h"
 #include "plot/cursor.h"
-#include "plot/design_open.h"
+#include "plot/enable_items.h"
 #include "plot/plot_select.h"
 
 namespace halvorne {

@@ -10,7 +10,7 @@
 #include "platform/paths.h"
 #include "platform/qt/message_boxes.h"
 #include "platform/qt/text.h"
-#include "plot/plot_select.h"
+#include "plot/plot_after_open.h"
 #include "plot/plot_state.h"
 #include "shell/frm_halvorne_main.h"
 
@@ -63,7 +63,7 @@ void frmHalvorneMain::OpenDesign(const std::string& fileName) try {
   // Kept: after a failed read the window shows an open design with what was read so far.
   EnableItems(true);
   SetMousePointer(kBusyPointer);
-  PlotSelect(view.CurrentPlot);
+  ShowPlotAfterOpen();
   SetMousePointer(kNormalPointer);
 } catch (...) {
   ReportFileFailure("File Open");
@@ -122,7 +122,7 @@ void frmHalvorneMain::mnuFileArray_Click(int index) try {
   ReadDesignFile(name.find('/') == std::string::npos ? ProgramPath("\\data\\" + name).string()
                                                      : ProgramPath("\\data").string() + '/' + name);
   EnableItems(true);
-  PlotSelect(view.CurrentPlot);
+  ShowPlotAfterOpen();
 } catch (...) {
   ReportFailure("mnuFileArray_Click", "frmHalvorneMain");
 }

@@ -3,7 +3,7 @@
 
 #include "platform/failure.h"
 #include "platform/qt/text.h"
-#include "plot/design_open.h"
+#include "plot/enable_items.h"
 #include "shell/frm_halvorne_main.h"
 
 namespace halvorne {

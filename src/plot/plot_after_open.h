@@ -2,9 +2,9 @@
 
 namespace halvorne {
 
-/// Sets the whole window for a design being open or not: caption, title box, commands, list of
-/// data forms, cursor. With no plates on a side its dispersion plot falls back to plot 52.
-void EnableItems(bool open);
+/// Shows the plot of a design that was just opened: the one on show before, which at the first
+/// opening is that of the setup file, or what it fell back to where the design does not have it.
+void ShowPlotAfterOpen();
 
 /// Enables the dispersion plot of each side that has plates; without plates a dispersion plot on
 /// show falls back to the piezoelectric layer's, 52.

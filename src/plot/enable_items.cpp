@@ -1,10 +1,11 @@
-#include "plot/design_open.h"
+#include "plot/enable_items.h"
 
 #include "engine/design_model.h"
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "plot/cursor.h"
 #include "plot/measures.h"
+#include "plot/plot_after_open.h"
 #include "plot/plot_state.h"
 
 namespace halvorne {
@@ -20,23 +21,7 @@ void ClearMeasurements() {
   DisplayAtten();
 }
 
-void UpdateDispersionView(Item command, int plates, std::int16_t plotNumber) {
-  constexpr std::int16_t piezoelectricLayer = 52;
-  mainWindow().SetEnabled(command, plates >= 1);
-  if (plates < 1 && view.CurrentPlot == plotNumber) {
-    view.CurrentPlot = piezoelectricLayer;
-  }
-}
-
 }  // namespace
-
-void UpdateFaceDispersionView() {
-  UpdateDispersionView(Item::kViewDispFP, design.NoFace, 51);
-}
-
-void UpdateBackDispersionView() {
-  UpdateDispersionView(Item::kViewDispBP, design.NoBack, 53);
-}
 
 void EnableItems(bool open) try {
   MainWindow& window = mainWindow();

@@ -1,13 +1,14 @@
+#include "plot/axis_end_rounding.h"
+
 #include <limits>
 
-#include "plot/axis_scaling.h"
 #include "plot/plot_state.h"
 #include "support/fresh_program.h"
 
 namespace halvorne::testing {
 namespace {
 
-class AxisRanges : public FreshProgram {
+class AxisEndRounding : public FreshProgram {
  protected:
   /// Fills the first points of PlotData; the rest stays zero.
   static void Points(const std::vector<PlotPoint>& values) {
@@ -19,7 +20,7 @@ class AxisRanges : public FreshProgram {
   static std::vector<float> Right() { return {scale.RightMax, scale.RightMin, scale.RightMag}; }
 };
 
-TEST_F(AxisRanges, RoundOffMovesOutwardToTheTableOfMantissas) {
+TEST_F(AxisEndRounding, RoundOffMovesOutwardToTheTableOfMantissas) {
   struct Row {
     float x;
     bool up;
@@ -41,7 +42,7 @@ TEST_F(AxisRanges, RoundOffMovesOutwardToTheTableOfMantissas) {
   }
 }
 
-TEST_F(AxisRanges, RoundOffStepsTowardsZeroEvenFromAMantissaOfTheTable) {
+TEST_F(AxisEndRounding, RoundOffStepsTowardsZeroEvenFromAMantissaOfTheTable) {
   float five = 5;
   EXPECT_EQ(RoundOff(five, true), 5);
   EXPECT_EQ(RoundOff(five, false), 3) << "5 rounded down is 3, not 5";
@@ -50,7 +51,7 @@ TEST_F(AxisRanges, RoundOffStepsTowardsZeroEvenFromAMantissaOfTheTable) {
   EXPECT_EQ(RoundOff(minusFive, true), -3);
 }
 
-TEST_F(AxisRanges, RoundOffLeavesAMantissaOfExactlyOne) {
+TEST_F(AxisEndRounding, RoundOffLeavesAMantissaOfExactlyOne) {
   for (const float x : {1.0F, -1.0F, 10.0F, -100.0F}) {
     float up = x;
     float down = x;
@@ -59,14 +60,14 @@ TEST_F(AxisRanges, RoundOffLeavesAMantissaOfExactlyOne) {
   }
 }
 
-TEST_F(AxisRanges, RoundOffFeelsTheLastBitOfTheLogarithmOf1000) {
+TEST_F(AxisEndRounding, RoundOffFeelsTheLastBitOfTheLogarithmOf1000) {
   // Log(1000)/Log(10) lies below 3, so 1000 is 10 x 100 and has a smaller mantissa below it.
   float x = 1000;
   EXPECT_EQ(RoundOff(x, true), 1000);
   EXPECT_EQ(RoundOff(x, false), 750);
 }
 
-TEST_F(AxisRanges, RoundOffTakesZeroAs1e30thAndWritesItBack) {
+TEST_F(AxisEndRounding, RoundOffTakesZeroAs1e30thAndWritesItBack) {
   for (const bool up : {true, false}) {
     float x = 0;
     EXPECT_EQ(RoundOff(x, up), 1e-30F);
@@ -74,7 +75,7 @@ TEST_F(AxisRanges, RoundOffTakesZeroAs1e30thAndWritesItBack) {
   }
 }
 
-TEST_F(AxisRanges, LimitBoundsBothEndsAndPartsEqualOnes) {
+TEST_F(AxisEndRounding, LimitBoundsBothEndsAndPartsEqualOnes) {
   struct Row {
     float max, min, expectedMax, expectedMin;
   };
@@ -99,7 +100,7 @@ TEST_F(AxisRanges, LimitBoundsBothEndsAndPartsEqualOnes) {
   }
 }
 
-TEST_F(AxisRanges, AdjustMagTiesTheEndsAndGivesThePowerOf1000) {
+TEST_F(AxisEndRounding, AdjustMagTiesTheEndsAndGivesThePowerOf1000) {
   struct Row {
     float max, min, expectedMax, expectedMin, magnitude;
   };
@@ -127,7 +128,7 @@ TEST_F(AxisRanges, AdjustMagTiesTheEndsAndGivesThePowerOf1000) {
   }
 }
 
-TEST_F(AxisRanges, AdjustMagLeavesAnAxisOfExactly1000WithoutADivisor) {
+TEST_F(AxisEndRounding, AdjustMagLeavesAnAxisOfExactly1000WithoutADivisor) {
   // The logarithm of 1000 lies a little below 3.
   float max = 1000;
   float min = 100;
@@ -137,14 +138,14 @@ TEST_F(AxisRanges, AdjustMagLeavesAnAxisOfExactly1000WithoutADivisor) {
   EXPECT_EQ(min, 100) << "and 100 counts as of the same decade";
 }
 
-TEST_F(AxisRanges, AutoRangeOfAConstant4RunsFrom3To5) {
+TEST_F(AxisEndRounding, AutoRangeOfAConstant4RunsFrom3To5) {
   Points({{4, 4}, {4, 4}});
   AutoRange(0, 1, points.PlotData);
   EXPECT_EQ(Left(), (std::vector<float>{5, 3, 1}));
   EXPECT_EQ(Right(), Left()) << "equal ends are parted on both sides";
 }
 
-TEST_F(AxisRanges, AutoRangeOfAConstantMinus1RaisesTheTopOfAnEmptyAxis) {
+TEST_F(AxisEndRounding, AutoRangeOfAConstantMinus1RaisesTheTopOfAnEmptyAxis) {
   // -1.01 upward and -0.99 downward both come to -1.
   Points({{-1, -1}, {-1, -1}});
   AutoRange(0, 1, points.PlotData);
@@ -152,7 +153,7 @@ TEST_F(AxisRanges, AutoRangeOfAConstantMinus1RaisesTheTopOfAnEmptyAxis) {
   EXPECT_EQ(Right(), Left());
 }
 
-TEST_F(AxisRanges, AutoRangeBoundsBothChannels) {
+TEST_F(AxisEndRounding, AutoRangeBoundsBothChannels) {
   Points({{2e13, 2e13}, {3e13, 3e13}});
   AutoRange(0, 1, points.PlotData);
   // Both ends come to 1e12 and are parted: 1.01e12 and 0.99e12, a decade below.
@@ -160,13 +161,13 @@ TEST_F(AxisRanges, AutoRangeBoundsBothChannels) {
   EXPECT_EQ(Right(), Left());
 }
 
-TEST_F(AxisRanges, AutoRangeOfANegativeConstantRunsTheRightWayRound) {
+TEST_F(AxisEndRounding, AutoRangeOfANegativeConstantRunsTheRightWayRound) {
   Points({{-4, -4}, {-4, -4}});
   AutoRange(0, 1, points.PlotData);
   EXPECT_EQ(Left(), (std::vector<float>{-3, -5, 1}));
 }
 
-TEST_F(AxisRanges, AutoRangeOfAllZeroDataEndsAt1Point2e30th) {
+TEST_F(AxisEndRounding, AutoRangeOfAllZeroDataEndsAt1Point2e30th) {
   AutoRange(0, 10, points.PlotData);
   EXPECT_FLOAT_EQ(scale.LeftMax, 1.2e-30F);
   EXPECT_FLOAT_EQ(scale.LeftMin, 1e-30F);
@@ -175,7 +176,7 @@ TEST_F(AxisRanges, AutoRangeOfAllZeroDataEndsAt1Point2e30th) {
   EXPECT_TRUE(shownMessages.Shown().empty());
 }
 
-TEST_F(AxisRanges, AutoRangeScalesBothChannelsOfTheNamedPointsOnly) {
+TEST_F(AxisEndRounding, AutoRangeScalesBothChannelsOfTheNamedPointsOnly) {
   Points({{999, 999}, {3, -2.2e-4}, {70, 1.9e-4}, {-999, 999}});
   AutoRange(1, 2, points.PlotData);
   EXPECT_EQ(Left(), (std::vector<float>{75, 0, 1}));
@@ -184,13 +185,13 @@ TEST_F(AxisRanges, AutoRangeScalesBothChannelsOfTheNamedPointsOnly) {
   EXPECT_FLOAT_EQ(scale.RightMag, 1e-6F);
 }
 
-TEST_F(AxisRanges, AutoRangeSeesTheValuesAs32BitNumbers) {
+TEST_F(AxisEndRounding, AutoRangeSeesTheValuesAs32BitNumbers) {
   Points({{5.00000001, 0}, {2, 0}});  // the same 32-bit number as 5
   AutoRange(0, 1, points.PlotData);
   EXPECT_EQ(scale.LeftMax, 5) << "in 64 bits it would round up to 7.5";
 }
 
-TEST_F(AxisRanges, AutoRangeReportsAValueBeyond32Bits) {
+TEST_F(AxisEndRounding, AutoRangeReportsAValueBeyond32Bits) {
   Points({{1, 1}, {1e39, 1}});
   AutoRange(0, 1, points.PlotData);
   EXPECT_EQ(shownMessages.Lines(),
@@ -198,7 +199,7 @@ TEST_F(AxisRanges, AutoRangeReportsAValueBeyond32Bits) {
   EXPECT_EQ(scale.LeftMax, 1) << "what was found before the failure stays";
 }
 
-TEST_F(AxisRanges, RangesReportPointsOutsideTheArray) {
+TEST_F(AxisEndRounding, RangesReportPointsOutsideTheArray) {
   AutoRange(65535, 65536, points.PlotData);
   LogAutoRange(-1, 0, points.PlotData);
   EXPECT_EQ(shownMessages.Lines(),
@@ -207,14 +208,14 @@ TEST_F(AxisRanges, RangesReportPointsOutsideTheArray) {
                 "ERROR in LogAutoRange of PLOTIT|Error: 9. Subscript out of range"}));
 }
 
-TEST_F(AxisRanges, LogAutoRangeAlwaysRaisesTheTopByAPartOfAStep) {
+TEST_F(AxisEndRounding, LogAutoRangeAlwaysRaisesTheTopByAPartOfAStep) {
   Points({{20, -20}, {-31, -33.5}});
   LogAutoRange(0, 1, points.PlotData);
   EXPECT_EQ(Left(), (std::vector<float>{25, -35, 1})) << "20 gives 25";
   EXPECT_EQ(Right(), (std::vector<float>{-15, -35, 1})) << "-20 gives -15";
 }
 
-TEST_F(AxisRanges, LogAutoRangePartsEqualEnds) {
+TEST_F(AxisEndRounding, LogAutoRangePartsEqualEnds) {
   // -20.2 and -19.8 after the parting of equal ends: both come to -20.
   Points({{-20, 12}, {-20, 12}});
   LogAutoRange(0, 1, points.PlotData);

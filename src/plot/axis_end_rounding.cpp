@@ -1,12 +1,12 @@
+#include "plot/axis_end_rounding.h"
+
 #include <algorithm>
 #include <cmath>
 
 #include "platform/bounded.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
-#include "plot/axis_scaling.h"
-
-// The two autoscales: extremes of the data, rounded outward to the values that axes end at.
+#include "plot/plot_state.h"
 
 namespace halvorne {
 namespace {

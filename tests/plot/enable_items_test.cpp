@@ -1,4 +1,4 @@
-#include "plot/design_open.h"
+#include "plot/enable_items.h"
 
 #include <cmath>
 #include <gmock/gmock.h>
@@ -37,9 +37,9 @@ std::string Told(Item item, bool enabled) {
   return std::to_string(static_cast<int>(item)) + (enabled ? " on" : " off");
 }
 
-class DesignOpenTest : public testing::FreshProgram {
+class EnableItemsTest : public testing::FreshProgram {
  protected:
-  DesignOpenTest() {
+  EnableItemsTest() {
     testing::MakeSimpleDesign();
     design.DataFileName = "five.dat";
     design.DesignTitle = "Five megahertz";
@@ -56,7 +56,7 @@ constexpr Item kFollowDesign[] = {
     Item::kFindMin,
 };
 
-TEST_F(DesignOpenTest, AnOpenDesignHasItsNameItsTitleAndAllCommands) {
+TEST_F(EnableItemsTest, AnOpenDesignHasItsNameItsTitleAndAllCommands) {
   window.EnableItems(false);
   window.EnableItems(true);
   EXPECT_TRUE(plot.DesignOpen);
@@ -67,7 +67,7 @@ TEST_F(DesignOpenTest, AnOpenDesignHasItsNameItsTitleAndAllCommands) {
   }
 }
 
-TEST_F(DesignOpenTest, WithoutADesignAllIsBlankAndDisabled) {
+TEST_F(EnableItemsTest, WithoutADesignAllIsBlankAndDisabled) {
   EnableItems(true);
   PlotSelect(11);
   measured.CFBWValid = measured.PulseWidthValid = measured.AttenValid = true;
@@ -88,7 +88,7 @@ TEST_F(DesignOpenTest, WithoutADesignAllIsBlankAndDisabled) {
   }
 }
 
-TEST_F(DesignOpenTest, OpeningLeavesMeasurementsAndListAlone) {
+TEST_F(EnableItemsTest, OpeningLeavesMeasurementsAndListAlone) {
   view.CurrentPlot = 14;
   PlotSelect(14);
   EnableItems(true);
@@ -96,7 +96,7 @@ TEST_F(DesignOpenTest, OpeningLeavesMeasurementsAndListAlone) {
   EXPECT_EQ(window.PlotTypeCount(), 2);
 }
 
-TEST_F(DesignOpenTest, CommandsAreToldInTheirOrder) {
+TEST_F(EnableItemsTest, CommandsAreToldInTheirOrder) {
   ListeningWindow listening;
   SetMainWindow(&listening);
   design.NoFace = 1;
@@ -117,7 +117,7 @@ TEST_F(DesignOpenTest, CommandsAreToldInTheirOrder) {
                           Told(Item::kFindMin, true)));
 }
 
-TEST_F(DesignOpenTest, TitleBoxFontFollowsTheDisplayOption) {
+TEST_F(EnableItemsTest, TitleBoxFontFollowsTheDisplayOption) {
   for (const int size : {0, 1, 2}) {
     setup.DisplayFontSize = static_cast<std::int16_t>(size);
     EnableItems(true);
@@ -125,48 +125,7 @@ TEST_F(DesignOpenTest, TitleBoxFontFollowsTheDisplayOption) {
   }
 }
 
-TEST_F(DesignOpenTest, DispersionPlotsOfPlatesNeedPlatesEvenWhenClosed) {
-  for (const bool open : {true, false}) {
-    design.NoFace = 1;
-    design.NoBack = 0;
-    view.CurrentPlot = 53;
-    EnableItems(open);
-    EXPECT_TRUE(window.IsEnabled(Item::kViewDispFP));
-    EXPECT_FALSE(window.IsEnabled(Item::kViewDispBP));
-    EXPECT_EQ(view.CurrentPlot, 52);
-
-    design.NoFace = 0;
-    design.NoBack = 1;
-    view.CurrentPlot = 51;
-    EnableItems(open);
-    EXPECT_FALSE(window.IsEnabled(Item::kViewDispFP));
-    EXPECT_TRUE(window.IsEnabled(Item::kViewDispBP));
-    EXPECT_EQ(view.CurrentPlot, 52);
-  }
-}
-
-TEST_F(DesignOpenTest, ADispersionPlotThatHasItsPlatesStays) {
-  design.NoFace = design.NoBack = 1;
-  for (const int plotNumber : {51, 53, 14}) {
-    view.CurrentPlot = static_cast<std::int16_t>(plotNumber);
-    EnableItems(true);
-    EXPECT_EQ(view.CurrentPlot, plotNumber);
-  }
-  design.NoFace = design.NoBack = 0;
-  view.CurrentPlot = 14;
-  EnableItems(true);
-  EXPECT_EQ(view.CurrentPlot, 14);
-}
-
-TEST_F(DesignOpenTest, EachSidesRuleLeavesTheOtherSideAlone) {
-  view.CurrentPlot = 53;
-  UpdateFaceDispersionView();
-  EXPECT_EQ(view.CurrentPlot, 53);
-  UpdateBackDispersionView();
-  EXPECT_EQ(view.CurrentPlot, 52);
-}
-
-TEST_F(DesignOpenTest, TheCursorIsTurnedOffEitherWay) {
+TEST_F(EnableItemsTest, TheCursorIsTurnedOffEitherWay) {
   for (const bool open : {true, false}) {
     window.SetCursorMax(16);
     measured.CursorOn = true;
@@ -177,7 +136,7 @@ TEST_F(DesignOpenTest, TheCursorIsTurnedOffEitherWay) {
   }
 }
 
-TEST_F(DesignOpenTest, WithoutAWindowTheFailureIsReported) {
+TEST_F(EnableItemsTest, WithoutAWindowTheFailureIsReported) {
   SetMainWindow(nullptr);
   EnableItems(true);
   EXPECT_THAT(shownMessages.Lines(),
@@ -185,7 +144,7 @@ TEST_F(DesignOpenTest, WithoutAWindowTheFailureIsReported) {
                           "call or argument"));
 }
 
-TEST_F(DesignOpenTest, RecalcSweepsUnderTheHourglassAndShowsThePlot) {
+TEST_F(EnableItemsTest, RecalcSweepsUnderTheHourglassAndShowsThePlot) {
   ListeningWindow listening;
   SetMainWindow(&listening);
   view.CurrentPlot = 14;
@@ -202,14 +161,14 @@ TEST_F(DesignOpenTest, RecalcSweepsUnderTheHourglassAndShowsThePlot) {
               ElementsAre("pointer 11", "pointer 0", Told(Item::kCursor, true), "list cleared"));
 }
 
-TEST_F(DesignOpenTest, RecalcTurnsTheCursorOffBeforeThePlotIsDrawn) {
+TEST_F(EnableItemsTest, RecalcTurnsTheCursorOffBeforeThePlotIsDrawn) {
   window.SetCursorMax(16);
   measured.CursorOn = true;
   Recalc();
   EXPECT_FALSE(measured.CursorOn);
 }
 
-TEST_F(DesignOpenTest, RecalcShowsThePlotOfASweepThatFailed) {
+TEST_F(EnableItemsTest, RecalcShowsThePlotOfASweepThatFailed) {
   design.PZMatl(1).Velocity = 0;
   Recalc();
   EXPECT_FALSE(shownMessages.Lines().empty());
