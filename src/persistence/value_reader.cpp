@@ -95,6 +95,27 @@ bool AtLeastOne(std::string_view number) {
   return place + (negative ? -exponent : exponent) >= 0;
 }
 
+/// A number at the begin of a text.
+struct FoundNumber {
+  double value = 0;
+  const char* end = nullptr;  ///< behind it; null when the text begins otherwise
+  bool tooLarge = false;
+};
+
+FoundNumber FindNumber(const char* begin, const char* end) {
+  const char* const digits = begin + (begin != end && (*begin == '+' || *begin == '-') ? 1 : 0);
+  // from_chars takes no plus sign, and it would take "inf" and "nan".
+  if (digits == end || !(IsDigit(*digits) || *digits == '.')) {
+    return {};
+  }
+  double number = 0;
+  const auto [stop, error] = std::from_chars(*begin == '+' ? digits : begin, end, number);
+  if (error == std::errc::invalid_argument) {
+    return {};
+  }
+  return {number, stop, error == std::errc::result_out_of_range && AtLeastOne({digits, stop})};
+}
+
 }  // namespace
 
 ValueReader::ValueReader(const std::string& fileName) {
@@ -117,10 +138,7 @@ ValueReader::ValueReader(const std::string& fileName) {
 }
 
 void ValueReader::SkipToValue() {
-  while (at_ != end_ && (IsBlank(*at_) || IsLineEnd(*at_))) {
-    ++at_;
-  }
-  if (at_ == end_) {
+  if (!HasValue()) {
     throw Failure(failure_number::kInputPastEnd);
   }
 }
@@ -159,6 +177,26 @@ void ValueReader::RefuseField() {
   RaiseTypeMismatch();
 }
 
+std::string ValueReader::TakeLine() {
+  if (!HasLine()) {
+    throw Failure(failure_number::kInputPastEnd);
+  }
+  const char* const begin = at_;
+  const char* const end = std::find_if(begin, end_, IsLineEnd);
+  at_ = end;
+  if (at_ != end_) {
+    at_ += *at_ == '\r' && at_ + 1 != end_ && at_[1] == '\n' ? 2 : 1;
+  }
+  return {begin, end};
+}
+
+bool ValueReader::HasValue() {
+  while (at_ != end_ && (IsBlank(*at_) || IsLineEnd(*at_))) {
+    ++at_;
+  }
+  return at_ != end_;
+}
+
 void ValueReader::Label(std::string_view /*words*/) {
   SkipToValue();
   TakeField();
@@ -176,22 +214,19 @@ void ValueReader::Read(double& value) {
     return;
   }
   const char* const begin = at_;
-  const char* const digits = begin + (*begin == '+' || *begin == '-' ? 1 : 0);
-  // from_chars takes no plus sign, and it would take "inf" and "nan".
-  if (digits == end_ || !(IsDigit(*digits) || *digits == '.')) {
+  const FoundNumber found = FindNumber(begin, end_);
+  if (found.end == nullptr) {
     RefuseField();
   }
-  double number = 0;
-  const auto [stop, error] = std::from_chars(*begin == '+' ? digits : begin, end_, number);
-  at_ = stop;
-  if (error == std::errc::invalid_argument || !TakeSeparator()) {
+  at_ = found.end;
+  if (!TakeSeparator()) {
     at_ = begin;
     RefuseField();
   }
-  if (error == std::errc::result_out_of_range && AtLeastOne({digits, stop})) {
+  if (found.tooLarge) {
     RaiseOverflow();
   }
-  value = number;
+  value = found.value;
 }
 
 void ValueReader::Read(float& value) {
@@ -231,6 +266,24 @@ void ValueReader::Read(bool& value) {
     RaiseTypeMismatch();
   }
   value = word == "#TRUE#";
+}
+
+double NumberOfText(std::string_view text) {
+  while (!text.empty() && IsBlank(text.front())) {
+    text.remove_prefix(1);
+  }
+  while (!text.empty() && IsBlank(text.back())) {
+    text.remove_suffix(1);
+  }
+  const char* const end = text.data() + text.size();
+  const FoundNumber found = FindNumber(text.data(), end);
+  if (found.end != end) {
+    RaiseTypeMismatch();
+  }
+  if (found.tooLarge) {
+    RaiseOverflow();
+  }
+  return found.value;
 }
 
 }  // namespace halvorne

@@ -25,6 +25,13 @@ class ValueReader {
     (Read(values), ...);
   }
 
+  /// The rest of the line as it stands, without its end. Raises 62 at the end of the file.
+  std::string TakeLine();
+  /// False when nothing but blanks and line ends is left.
+  bool HasValue();
+  /// False when nothing at all is left.
+  bool HasLine() const { return at_ != end_; }
+
   /// Reads a text that means nothing; never compared with the words that belong there.
   void Label(std::string_view words);
 
@@ -49,5 +56,9 @@ class ValueReader {
   const char* at_ = nullptr;
   const char* end_ = nullptr;
 };
+
+/// The number that a text is, blanks around it left aside, in the forms that ValueReader takes.
+/// Raises 13 for any other text, 6 for a number that is too large.
+double NumberOfText(std::string_view text);
 
 }  // namespace halvorne
