@@ -1,5 +1,7 @@
 #include "platform/qt/modal_dialog.h"
 
+#include <QKeyEvent>
+#include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
 #include <QShowEvent>
@@ -23,15 +25,29 @@ void ModalDialog::Centre() {
 }
 
 /// Lets the Tab key stop at the chosen option of each group, which the toolkit does by itself only
-/// once an option had the focus.
+/// once an option had the focus. A group whose chosen option is disabled stays as it is: any of its
+/// others may be reached.
 void ModalDialog::StopAtChosenOptions() {
   for (const QRadioButton* chosen : findChildren<QRadioButton*>()) {
-    if (chosen->isChecked()) {
+    if (chosen->isChecked() && chosen->isEnabled()) {
       for (QRadioButton* option : chosen->parentWidget()->findChildren<QRadioButton*>()) {
         option->setFocusPolicy(option == chosen ? Qt::StrongFocus : Qt::ClickFocus);
       }
     }
   }
+}
+
+/// Return gives the default button the focus before it acts, so that the box in which it was typed
+/// is left as by a click.
+void ModalDialog::keyPressEvent(QKeyEvent* event) {
+  if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
+    for (QPushButton* button : findChildren<QPushButton*>()) {
+      if (button->isDefault() && button->isEnabled()) {
+        button->setFocus();
+      }
+    }
+  }
+  QDialog::keyPressEvent(event);
 }
 
 void ModalDialog::showEvent(QShowEvent* event) {

@@ -47,6 +47,12 @@ class ModalDialog : public QDialog {
   void OnChange(QLineEdit* box, void (Dialog::*procedure)()) {
     connect(box, &QLineEdit::textChanged, static_cast<Dialog*>(this), procedure);
   }
+  /// Runs an event procedure when the focus leaves a box. A window in front of the dialog takes
+  /// the focus without leaving.
+  template <class Dialog>
+  void OnLeave(QLineEdit* box, void (Dialog::*procedure)()) {
+    connect(box, &QLineEdit::editingFinished, static_cast<Dialog*>(this), procedure);
+  }
   /// The same on the choice of an option button; leaving it runs nothing.
   template <class Dialog>
   void OnChoice(QAbstractButton* option, void (Dialog::*procedure)()) {
@@ -68,6 +74,7 @@ class ModalDialog : public QDialog {
     });
   }
 
+  void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
