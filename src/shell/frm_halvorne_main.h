@@ -14,10 +14,10 @@
 
 #include "platform/main_window.h"
 #include "platform/qt/file_dialogs.h"
+#include "platform/qt/picture_box.h"
 #include "shell/cursor_bar.h"
 #include "shell/measurement_grid.h"
 #include "shell/menu_table.h"
-#include "shell/picture_box.h"
 
 namespace halvorne {
 

@@ -1,4 +1,4 @@
-#include "shell/picture_box.h"
+#include "platform/qt/picture_box.h"
 
 #include <QPaintEvent>
 #include <QPainter>

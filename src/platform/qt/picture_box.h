@@ -6,7 +6,7 @@
 
 namespace halvorne {
 
-/// Picture1: shows a retained picture and repaints from it.
+/// A picture in a window: shows a retained picture and repaints from it.
 class PictureBox final : public QWidget {
  public:
   explicit PictureBox(QWidget* parent);
