@@ -10,13 +10,15 @@ namespace {
 
 bool ReadLoadFile(const std::string& fileName, const char* title, std::string& comment,
                   FreqCurve& re, FreqCurve& im) {
-  return ReadSideFile(fileName, title, comment, [&](std::int32_t point, const std::string& line) {
+  const auto takeComment = [&](const std::string& words) { comment = words; };
+  const auto takeLine = [&](std::int32_t point, const std::string& line) {
     const double real = NumberOfText(GetWord(line, 1, ","));
     // Kept: a line without a comma is both parts, since its second field is the line again.
     const double imaginary = NumberOfText(GetWord(line, 2, ","));
     re(point) = real;
     im(point) = imaginary;
-  });
+  };
+  return ReadSideFile(fileName, title, takeComment, takeLine);
 }
 
 }  // namespace

@@ -6,10 +6,10 @@
 
 namespace halvorne {
 
-bool ReadSideFile(const std::string& fileName, const char* title, std::string& comment,
-                  const TakeSideLine& take) try {
+bool ReadSideFile(const std::string& fileName, const char* title,
+                  const TakeSideComment& takeComment, const TakeSideLine& take) try {
   ValueReader file(fileName);
-  comment = file.TakeLine();
+  takeComment(file.TakeLine());
   for (std::int32_t point = 0; point <= kLastFreqPoint && file.HasLine(); ++point) {
     take(point, file.TakeLine());
   }
