@@ -44,6 +44,11 @@ void ValueWriter::Texts(std::initializer_list<std::string> values) {
 
 void ValueWriter::Write(std::string_view value) {
   text_ += '"';
+  for (std::size_t quote; (quote = value.find('"')) != std::string_view::npos;) {
+    text_ += value.substr(0, quote);
+    text_ += "''";
+    value.remove_prefix(quote + 1);
+  }
   text_ += value;
   text_ += '"';
 }

@@ -9,7 +9,8 @@
 namespace halvorne {
 
 /// Writes a text file of values: those of one line separated by single commas, lines ended by
-/// CR LF, texts in double quotes with their bytes as they are, truth values as #TRUE#, #FALSE#.
+/// CR LF, texts in double quotes with their bytes as they are but for a double quote, which would
+/// end the text and becomes two single ones; truth values as #TRUE#, #FALSE#.
 ///
 /// What the disk refuses is told once, by Close. Whatever was written before a failure stays.
 class ValueWriter {

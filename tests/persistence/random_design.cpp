@@ -26,8 +26,7 @@ class Dice {
   void operator()(std::string& value) {
     value.clear();
     for (int left = Whole(0, 30); left > 0; --left) {
-      const char c = static_cast<char>(Whole(1, 255));
-      value += c == '"' ? '\'' : c;
+      value += Whole(0, 9) == 0 ? '"' : static_cast<char>(Whole(1, 255));
     }
   }
   template <class First, class... Rest>

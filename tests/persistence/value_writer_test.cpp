@@ -23,9 +23,18 @@ TEST_F(ValueWriterTest, ValuesAreSeparatedBySingleCommasAndLinesEndInCrLf) {
             "\"text\",-3,70000,1.5,2.5,#TRUE#,#FALSE#\r\n");
 }
 
-TEST_F(ValueWriterTest, TextsKeepTheirBytesWithoutEscaping) {
-  EXPECT_EQ(LineOf(std::string("a,\"b\"\xE4\xF6\t\r\n")), "\"a,\"b\"\xE4\xF6\t\r\n\"\r\n");
+TEST_F(ValueWriterTest, TextsKeepTheirBytes) {
+  EXPECT_EQ(LineOf(std::string("a,'b'\xE4\xF6\t\r\n")), "\"a,'b'\xE4\xF6\t\r\n\"\r\n");
   EXPECT_EQ(LineOf(std::string()), "\"\"\r\n");
+}
+
+TEST_F(ValueWriterTest, ADoubleQuoteBecomesTwoSingleOnes) {
+  EXPECT_EQ(LineOf(std::string("1/2\", 5 MHz disc")), "\"1/2'', 5 MHz disc\"\r\n");
+  EXPECT_EQ(LineOf(std::string("\""), std::string("\"\"a\"")), "\"''\",\"''''a''\"\r\n");
+  ValueWriter file(Path("out"));
+  file.Texts({"5\"", "b"});
+  file.Close();
+  EXPECT_EQ(Get("out"), "\"5''\",\"b\"\r\n");
 }
 
 TEST_F(ValueWriterTest, NumbersHaveTheirGeneralForm) {
