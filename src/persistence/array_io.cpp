@@ -31,6 +31,7 @@ void AryOutput(ValueWriter& file, std::int16_t count, const ChainValues& values,
     file.Line(values(i));
   }
 } catch (...) {
+  file.NoteGap();
   ReportFailure("AryOutput", "FILES");
 }
 
@@ -41,6 +42,7 @@ void AryOutput2(ValueWriter& file, std::int32_t count, const FreqCurve& first,
     file.Line(first(i), second(i));
   }
 } catch (...) {
+  file.NoteGap();
   ReportFailure("AryOutput2", "FILES");
 }
 

@@ -5,8 +5,10 @@
 namespace halvorne {
 
 /// Writes the design in format 4 and clears DesignNew. An existing file is overwritten only after
-/// the question "Overwrite existing file?". Any failure shows "Error occurred trying to close
-/// file."; what was written stays on disk and DesignNew stays as it was.
+/// the question "Overwrite existing file?" and kept as NAME~ until the new one is whole; a double
+/// quote in a text becomes two single ones. Any failure shows "Error occurred trying to close
+/// file."; what was written stays on disk, the old file as NAME~ beside it, and DesignNew stays as
+/// it was.
 void WriteDesignFile(const std::string& fileName);
 
 /// Reads a design of format 3 or 4 with its curves, derives what isn't stored and opens the

@@ -1,6 +1,7 @@
 #include "persistence/design_file.h"
 #include "persistence/design_file_rows.h"
 #include "persistence/overwrite_question.h"
+#include "persistence/safe_overwrite.h"
 #include "persistence/version.h"
 #include "platform/failure.h"
 #include "platform/messages.h"
@@ -11,6 +12,7 @@ void WriteDesignFile(const std::string& fileName) try {
   if (!MayOverwrite(fileName, "Halvorne Save File")) {
     return;
   }
+  KeptOriginal original(fileName);
   ValueWriter file(fileName);
   file.Line(ProgramVersionText());
   file.Line(design.CalcDateTime, design.DesignTitle);
@@ -26,6 +28,9 @@ void WriteDesignFile(const std::string& fileName) try {
   CurveRows(file);
   ExcitationRows(file);
   file.Close();
+  if (file.IsWhole()) {
+    original.Discard();
+  }
   design.DesignNew = 0;
 } catch (...) {
   Message box;

@@ -1,5 +1,6 @@
 #include "persistence/setup_file.h"
 
+#include "persistence/safe_overwrite.h"
 #include "persistence/setup_state.h"
 #include "persistence/value_reader.h"
 #include "persistence/value_writer.h"
@@ -45,9 +46,11 @@ void writeHalvorneSetup() try {
   if (!mainWindow().KeepsSession()) {
     return;
   }
-  ValueWriter file(SetupFileName());
+  Successor successor(SetupFileName());
+  ValueWriter file(successor.Name());
   SetupLines(file);
   file.Close();
+  successor.TakePlace();
 } catch (...) {
   ReportFailure("writeHalvorneSetup", "FILES");
 }

@@ -6,7 +6,8 @@ namespace halvorne {
 /// shows "ERROR in ReadHalvorneSetup of FILES" and leaves the unread fields as they are.
 void ReadHalvorneSetup();
 
-/// Writes HALVORNESETUP anew. Failures show "ERROR in writeHalvorneSetup of FILES".
+/// Writes HALVORNESETUP anew, beside the old one, which it then replaces at once. Failures
+/// show "ERROR in writeHalvorneSetup of FILES" and leave the old one.
 void writeHalvorneSetup();
 
 }  // namespace halvorne

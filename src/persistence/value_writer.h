@@ -40,6 +40,10 @@ class ValueWriter {
   /// written.
   void Close();
 
+  /// Notes that values are missing because whoever had them failed.
+  void NoteGap() noexcept { whole_ = false; }
+  bool IsWhole() const { return whole_; }
+
  private:
   void Write(std::string_view value);
   void Write(const char* value) { Write(std::string_view(value)); }
@@ -56,6 +60,7 @@ class ValueWriter {
   std::FILE* file_;
   std::string text_;  ///< lines not yet handed over
   int error_ = 0;     ///< errno of the first refusal
+  bool whole_ = true;
 };
 
 }  // namespace halvorne

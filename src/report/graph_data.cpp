@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "persistence/overwrite_question.h"
+#include "persistence/safe_overwrite.h"
 #include "persistence/value_writer.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
@@ -85,12 +86,14 @@ void SaveGraphData(const std::string& fileName) {
   if (!MayOverwrite(fileName, "Halvorne Save Graph Data")) {
     return;
   }
+  KeptOriginal original(fileName);
   ValueWriter file(fileName);
   file.Line("Halvorne for Windows Version 4.01");
   // Kept: the offset stays in Hz although the step is in display units.
   GraphTable({.offsetInUnits = false, .noSecondTrace = ""},
              [&file](Fields fields) { file.Texts(fields); });
   file.Close();
+  original.Discard();
 }
 
 }  // namespace halvorne

@@ -11,7 +11,8 @@ void GraphDataToClipboard(std::string& text);
 std::string StatisticsText();
 
 /// Writes the plotted data as the text file that spreadsheets read. An existing file is overwritten
-/// only after a question; failures raise, the command's handler shows them.
+/// only after a question and kept as NAME~ until the new one is whole; failures raise, the
+/// command's handler shows them.
 void SaveGraphData(const std::string& fileName);
 
 }  // namespace halvorne

@@ -384,5 +384,41 @@ TEST_F(DesignFileWriter, ACountOutOfBoundsFailsAndKeepsWhatWasWritten) {
   EXPECT_EQ(design.DesignNew, 65535);
 }
 
+TEST_F(DesignFileWriter, TheOldFileIsKeptWhenTheNewOneDoesNotFit) {
+  Put("out.dat", "precious");
+  shownMessages.AnswerNext(MessageAnswer::kYes);
+  {
+    const FullDisk full(1000);
+    WriteDesignFile(Path("out.dat"));
+  }
+  ExpectSaveFailure(shownMessages);
+  EXPECT_EQ(Get("out.dat~"), "precious");
+  EXPECT_EQ(Get("out.dat").size(), 1000U) << "what was written so far stays";
+}
+
+TEST_F(DesignFileWriter, TheOldFileIsKeptWhenTheProgramIsKilled) {
+  Put("out.dat", "precious");
+  EXPECT_TRUE(IsKilledAtByte(1000, [this] {
+    shownMessages.AnswerNext(MessageAnswer::kYes);
+    WriteDesignFile(Path("out.dat"));
+  }));
+  EXPECT_EQ(Get("out.dat~"), "precious");
+}
+
+TEST_F(DesignFileWriter, TheOldFileIsKeptWhenACurveHasAGap) {
+  Put("out.dat", "precious");
+  design.NoFreqPts = kLastFreqPoint + 1;
+  shownMessages.AnswerNext(MessageAnswer::kYes);
+  WriteDesignFile(Path("out.dat"));
+  EXPECT_EQ(Get("out.dat~"), "precious") << "the new file cannot be read";
+}
+
+TEST_F(DesignFileWriter, TheOldFileGoesWhenTheNewOneIsWhole) {
+  Put("out.dat", "old");
+  shownMessages.AnswerNext(MessageAnswer::kYes);
+  WriteDesignFile(Path("out.dat"));
+  EXPECT_EQ(Names(), Lines{"out.dat"});
+}
+
 }  // namespace
 }  // namespace halvorne::testing

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <algorithm>
 #include <csignal>
 #include <cstdint>
 #include <filesystem>
@@ -7,7 +8,9 @@
 #include <iterator>
 #include <string>
 #include <sys/resource.h>
+#include <sys/wait.h>
 #include <unistd.h>
+#include <vector>
 
 #include "platform/failure.h"
 #include "support/fresh_program.h"
@@ -37,6 +40,15 @@ class FileTest : public FreshProgram {
     std::ifstream file(Path(name), std::ios::binary);
     return {std::istreambuf_iterator<char>(file), {}};
   }
+  /// Names of all that is in the folder, sorted.
+  std::vector<std::string> Names() const {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(folder_)) {
+      names.push_back(entry.path().filename().string());
+    }
+    std::ranges::sort(names);
+    return names;
+  }
   const std::filesystem::path& Folder() const { return folder_; }
 
  private:
@@ -63,6 +75,23 @@ class FullDisk {
   rlimit before_{};
   void (*handler_)(int);
 };
+
+/// Runs `action` in a process of its own that is killed in the middle of the write that makes one
+/// of its files larger than `bytes`. True when it was.
+template <class Action>
+bool IsKilledAtByte(std::uint64_t bytes, Action action) {
+  const pid_t child = fork();
+  if (child == 0) {
+    const FullDisk full(bytes);
+    std::signal(SIGXFSZ, SIG_DFL);
+    const rlimit noCore{};
+    setrlimit(RLIMIT_CORE, &noCore);
+    action();
+    _exit(0);
+  }
+  int state = 0;
+  return waitpid(child, &state, 0) == child && WIFSIGNALED(state);
+}
 
 /// Number of the failure that `action` raises, 0 when it raises none.
 template <class Action>

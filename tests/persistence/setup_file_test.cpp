@@ -155,13 +155,29 @@ TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsTheMessage) {
             (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 76. Path not found"}));
 }
 
-TEST_F(SetupFile, AFullDiskShowsTheMessage) {
+TEST_F(SetupFile, AFullDiskShowsTheMessageAndKeepsTheOldFile) {
+  Put("HALVORNESETUP", kTenLines);
   {
     const FullDisk full(10);
     writeHalvorneSetup();
   }
   EXPECT_EQ(shownMessages.Lines(),
             (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 75. Path/File access error"}));
+  EXPECT_EQ(Get("HALVORNESETUP"), kTenLines);
+  EXPECT_EQ(Names(), Lines{"HALVORNESETUP"});
+}
+
+TEST_F(SetupFile, WhoReadsTheOldFileMeanwhileReadsItWhole) {
+  std::ifstream reader(Put("HALVORNESETUP", kTenLines), std::ios::binary);
+  writeHalvorneSetup();
+  EXPECT_EQ(std::string(std::istreambuf_iterator<char>(reader), {}), kTenLines);
+  EXPECT_TRUE(Get("HALVORNESETUP").starts_with("0\r\n"));
+}
+
+TEST_F(SetupFile, AKillLeavesTheOldFile) {
+  Put("HALVORNESETUP", kTenLines);
+  EXPECT_TRUE(IsKilledAtByte(10, [] { writeHalvorneSetup(); }));
+  EXPECT_EQ(Get("HALVORNESETUP"), kTenLines);
 }
 
 }  // namespace

@@ -165,6 +165,24 @@ TEST_F(GraphData, FailuresOfTheFileReachTheCommand) {
   EXPECT_TRUE(shownMessages.Shown().empty());
 }
 
+TEST_F(GraphData, TheOldFileIsKeptUntilTheNewOneIsWhole) {
+  Put("GRAPH1.DAT", "precious");
+  scale.LeftMag = 0;
+  shownMessages.AnswerNext(MessageAnswer::kYes);
+  EXPECT_EQ(FailureOf([&] { SaveGraphData(Path("GRAPH1.DAT")); }), 11);
+  EXPECT_EQ(Get("GRAPH1.DAT~"), "precious");
+  scale.LeftMag = 1;
+  shownMessages.AnswerNext(MessageAnswer::kYes);
+  SaveGraphData(Path("GRAPH1.DAT"));
+  EXPECT_EQ(Names(), Lines{"GRAPH1.DAT"});
+}
+
+TEST_F(GraphData, ADoubleQuoteInATitleBecomesTwoSingleOnesInTheFileOnly) {
+  design.DesignTitle = "1/2\" disc";
+  EXPECT_NE(Saved().find("\"Title: 1/2'' disc\"\r\n"), std::string::npos);
+  EXPECT_TRUE(Clipboard().starts_with("Title: 1/2\" disc\r\n"));
+}
+
 TEST_F(GraphData, TheLongestTableIsLinear) {
   ShowTimePlot();
   design.NoTimePts = 65536;
