@@ -27,12 +27,12 @@ void RunRecalc(Session& session) {
   if (!session.request.recalc) {
     Recalc();
   }
-  WriteThrough(session, WriteDesignFile);
+  WriteOutputOnceAsked(session, kSaveDesignTitle, DesignFileText);
 }
 
 void RunConvert(Session& session) {
   OpenDesign(session);
-  WriteThrough(session, WriteDesignFile);
+  WriteOutputOnceAsked(session, kSaveDesignTitle, DesignFileText);
 }
 
 void RunRaw(Session& session) {
@@ -86,19 +86,20 @@ void RunGraphData(Session& session) {
   WriteOutput(session, text);
 }
 
-/// SaveGraphData with the box that its command shows on a failure.
-void SaveOrTell(const std::string& fileName) {
+/// The text with the box that the window's command shows on a failure.
+std::string GraphDataFileTextOrBox() {
   try {
-    SaveGraphData(fileName);
+    return GraphDataFileText();
   } catch (...) {
     ReportFileFailure("Open Error");
+    return {};
   }
 }
 
 void RunSaveData(Session& session) {
   OpenDesign(session);
   ShowPlot(session);
-  WriteThrough(session, SaveOrTell);
+  WriteOutputOnceAsked(session, kSaveGraphDataTitle, GraphDataFileTextOrBox);
 }
 
 void RunInfo(Session& session) {

@@ -1,71 +1,74 @@
 #include "batch/output.h"
 
-#include <QFile>
-#include <QFileInfo>
-#include <QSaveFile>
-#include <QTemporaryDir>
 #include <cerrno>
-#include <cstdio>
-#include <cstring>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <system_error>
+#include <unistd.h>
 
+#include "batch/own_streams.h"
 #include "batch/stops.h"
+#include "batch/whole_file.h"
+#include "persistence/overwrite_question.h"
 
 namespace halvorne::batch {
 namespace {
 
-QString NameOf(const std::string& file) {
-  return QFile::decodeName(file.c_str());
-}
-
-[[noreturn]] void FailToWrite(const std::string& file, const std::string& why) {
-  throw CommandFailed(file + " could not be written: " + why);
-}
-
 void WriteToStandardOutput(std::string_view bytes) {
-  const std::size_t written = std::fwrite(bytes.data(), 1, bytes.size(), stdout);
-  if (written != bytes.size() || std::fflush(stdout) != 0) {
+  try {
+    WriteStream(STDOUT_FILENO, bytes);
+  } catch (const std::system_error&) {
     throw CommandFailed("standard output could not be written");
   }
 }
 
-/// A device or a pipe is written to; it must not be replaced by a file.
-bool IsDevice(const std::string& file) {
-  const QFileInfo info(NameOf(file));
-  return info.exists() && !info.isFile() && !info.isDir();
+/// Something that is written to and not replaced: a device, a pipe, a stream of the program's own.
+bool IsWrittenTo(const std::string& name) {
+  struct stat status {};
+  return OwnStream(name) ||
+         (stat(name.c_str(), &status) == 0 && !S_ISREG(status.st_mode) && !S_ISDIR(status.st_mode));
 }
 
-template <class File>
-void WriteAll(File& out, const std::string& name, std::string_view bytes) {
-  const auto size = static_cast<qint64>(bytes.size());
-  if (!out.open(QIODevice::WriteOnly)) {
-    FailToWrite(name, out.errorString().toStdString());
+void WriteToDevice(const std::string& name, std::string_view bytes) {
+  const int device = open(name.c_str(), O_WRONLY | O_NOCTTY | O_CLOEXEC);
+  if (device < 0) {
+    throw std::system_error(errno, std::generic_category());
   }
-  if (out.write(bytes.data(), size) != size || !out.flush()) {
-    FailToWrite(name,
-                std::strerror(errno));  // the toolkit has no words for a write that fell short
+  try {
+    WriteStream(device, bytes);
+  } catch (const std::system_error&) {
+    close(device);
+    throw;
   }
-}
-
-void WriteFile(const std::string& file, std::string_view bytes) {
-  if (IsDevice(file)) {
-    QFile out(NameOf(file));
-    WriteAll(out, file, bytes);
-    return;
-  }
-  QSaveFile out(NameOf(file));
-  out.setDirectWriteFallback(true);  // a folder may be closed to new files and the file be open
-  WriteAll(out, file, bytes);
-  if (!out.commit()) {
-    FailToWrite(file, out.errorString().toStdString());
+  if (close(device) != 0) {
+    throw std::system_error(errno, std::generic_category());
   }
 }
 
-QByteArray ReadBack(const QString& file) {
-  QFile in(file);
-  if (!in.open(QIODevice::ReadOnly)) {
-    throw CommandFailed(file.toStdString() + " could not be read back");
+void WriteFile(const std::string& name, std::string_view bytes) try {
+  if (const auto stream = OwnStream(name)) {
+    WriteStream(*stream, bytes);
+  } else if (IsWrittenTo(name)) {
+    WriteToDevice(name, bytes);
+  } else {
+    WriteWholeFile(name, bytes);
   }
-  return in.readAll();
+} catch (const std::system_error& refused) {
+  throw CommandFailed(name + " could not be written: " + refused.code().message());
+}
+
+/// True when both names lead to one file.
+bool IsSameFile(const std::string& one, const std::string& other) {
+  struct stat first {};
+  struct stat second {};
+  return stat(one.c_str(), &first) == 0 && stat(other.c_str(), &second) == 0 &&
+         S_ISREG(first.st_mode) && first.st_dev == second.st_dev && first.st_ino == second.st_ino;
+}
+
+/// Whatever bears the name, be it a link that leads nowhere.
+bool IsNameTaken(const std::string& name) {
+  struct stat status {};
+  return lstat(name.c_str(), &status) == 0;
 }
 
 }  // namespace
@@ -76,31 +79,25 @@ void WriteOutput(const Session& session, std::string_view bytes) {
     WriteToStandardOutput(bytes);
     return;
   }
-  const QString input = QFileInfo(NameOf(request.in)).canonicalFilePath();
-  if (!input.isEmpty() && input == QFileInfo(NameOf(request.out)).canonicalFilePath()) {
+  if (IsSameFile(request.in, request.out)) {
     throw WrongCommandLine("-o: " + request.out + " is the design itself");
   }
   WriteFile(request.out, bytes);
 }
 
-void WriteThrough(const Session& session, const std::function<void(const std::string&)>& writer) {
+void WriteOutputOnceAsked(const Session& session, const char* title,
+                          const std::function<std::string()>& make) {
   const Request& request = session.request;
-  if (!request.force && QFileInfo::exists(NameOf(request.out))) {
-    writer(request.out);
+  if (!request.force && IsNameTaken(request.out) && !IsWrittenTo(request.out)) {
+    MayOverwrite(request.out, title);  // tells its question, whose answer here is No
     throw CommandFailed(request.out + " exists and is left alone; --force overwrites it");
   }
-  const QTemporaryDir folder;
-  if (!folder.isValid()) {
-    throw CommandFailed("no temporary file could be made: " + folder.errorString().toStdString());
-  }
-  const QString draft = folder.filePath("output");
   const int failuresBefore = session.messages.FailureCount();
-  writer(QFile::encodeName(draft).toStdString());
+  const std::string bytes = make();
   if (session.messages.FailureCount() > failuresBefore) {
     throw CommandFailed(request.out + " was not written");
   }
-  const QByteArray bytes = ReadBack(draft);
-  WriteFile(request.out, {bytes.constData(), static_cast<std::size_t>(bytes.size())});
+  WriteFile(request.out, bytes);
 }
 
 }  // namespace halvorne::batch

@@ -12,10 +12,10 @@ namespace halvorne::batch {
 /// WrongCommandLine when that would overwrite the design that was read.
 void WriteOutput(const Session& session, std::string_view bytes);
 
-/// Lets one of the program's writers, which take a file name, make the request's output. It works
-/// on a file of its own first, so a failure leaves no half of the output; when the output exists
-/// and is not to be overwritten, the writer asks its question and the output is left alone. Raises
-/// CommandFailed when nothing was written.
-void WriteThrough(const Session& session, const std::function<void(const std::string&)>& writer);
+/// Makes the request's output as a command does that asks before it overwrites: a file that exists
+/// is left alone without --force, and the question is told under `title`. An output for which
+/// `make` shows a failure is not written. Raises CommandFailed when nothing was written.
+void WriteOutputOnceAsked(const Session& session, const char* title,
+                          const std::function<std::string()>& make);
 
 }  // namespace halvorne::batch

@@ -7,13 +7,9 @@
 #include "platform/messages.h"
 
 namespace halvorne {
+namespace {
 
-void WriteDesignFile(const std::string& fileName) try {
-  if (!MayOverwrite(fileName, "Halvorne Save File")) {
-    return;
-  }
-  KeptOriginal original(fileName);
-  ValueWriter file(fileName);
+void WriteRows(ValueWriter& file) {
   file.Line(ProgramVersionText());
   file.Line(design.CalcDateTime, design.DesignTitle);
   design.FileFormat = 4;
@@ -27,17 +23,43 @@ void WriteDesignFile(const std::string& fileName) try {
   NetworkRowsOf(file);
   CurveRows(file);
   ExcitationRows(file);
+}
+
+/// The same words whatever the cause; to be called in a handler.
+void ReportSaveFailure() {
+  Message box;
+  box.title = kSaveDesignTitle;
+  box.text = "Error occurred trying to close file.";
+  box.icon = MessageIcon::kExclamation;
+  messages().Show(box);
+}
+
+}  // namespace
+
+void WriteDesignFile(const std::string& fileName) try {
+  if (!MayOverwrite(fileName, kSaveDesignTitle)) {
+    return;
+  }
+  KeptOriginal original(fileName);
+  ValueWriter file(fileName);
+  WriteRows(file);
   file.Close();
   if (file.IsWhole()) {
     original.Discard();
   }
   design.DesignNew = 0;
 } catch (...) {
-  Message box;
-  box.title = "Halvorne Save File";
-  box.text = "Error occurred trying to close file.";
-  box.icon = MessageIcon::kExclamation;
-  messages().Show(box);
+  ReportSaveFailure();
+}
+
+std::string DesignFileText() {
+  ValueWriter file;
+  try {
+    WriteRows(file);
+  } catch (...) {
+    ReportSaveFailure();
+  }
+  return file.Text();
 }
 
 }  // namespace halvorne

@@ -74,7 +74,7 @@ void ValueWriter::Write(bool value) {
 
 void ValueWriter::EndLine() {
   text_ += "\r\n";
-  if (text_.size() >= kBlock) {
+  if (file_ != nullptr && text_.size() >= kBlock) {
     HandOver();
   }
 }

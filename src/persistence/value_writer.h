@@ -15,6 +15,8 @@ namespace halvorne {
 /// What the disk refuses is told once, by Close. Whatever was written before a failure stays.
 class ValueWriter {
  public:
+  /// Writes to memory: the lines are had from Text.
+  ValueWriter() = default;
   /// Creates or empties the file. Raises 70, 75 or 76.
   explicit ValueWriter(const std::string& fileName);
   /// Hands over what is left, in silence.
@@ -44,6 +46,9 @@ class ValueWriter {
   void NoteGap() noexcept { whole_ = false; }
   bool IsWhole() const { return whole_; }
 
+  /// The lines that were written, of a writer without a file.
+  const std::string& Text() const { return text_; }
+
  private:
   void Write(std::string_view value);
   void Write(const char* value) { Write(std::string_view(value)); }
@@ -57,7 +62,7 @@ class ValueWriter {
   void CloseFile() noexcept;
 
   std::string fileName_;
-  std::FILE* file_;
+  std::FILE* file_ = nullptr;
   std::string text_;  ///< lines not yet handed over
   int error_ = 0;     ///< errno of the first refusal
   bool whole_ = true;

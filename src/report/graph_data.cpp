@@ -64,6 +64,13 @@ void GraphTable(const TableForm& form, Line line) {
 
 using Fields = std::initializer_list<std::string>;
 
+void WriteTable(ValueWriter& file) {
+  file.Line("Halvorne for Windows Version 4.01");
+  // Kept: the offset stays in Hz although the step is in display units.
+  GraphTable({.offsetInUnits = false, .noSecondTrace = ""},
+             [&file](Fields fields) { file.Texts(fields); });
+}
+
 }  // namespace
 
 void GraphDataToClipboard(std::string& text) try {
@@ -83,17 +90,20 @@ void GraphDataToClipboard(std::string& text) try {
 }
 
 void SaveGraphData(const std::string& fileName) {
-  if (!MayOverwrite(fileName, "Halvorne Save Graph Data")) {
+  if (!MayOverwrite(fileName, kSaveGraphDataTitle)) {
     return;
   }
   KeptOriginal original(fileName);
   ValueWriter file(fileName);
-  file.Line("Halvorne for Windows Version 4.01");
-  // Kept: the offset stays in Hz although the step is in display units.
-  GraphTable({.offsetInUnits = false, .noSecondTrace = ""},
-             [&file](Fields fields) { file.Texts(fields); });
+  WriteTable(file);
   file.Close();
   original.Discard();
+}
+
+std::string GraphDataFileText() {
+  ValueWriter file;
+  WriteTable(file);
+  return file.Text();
 }
 
 }  // namespace halvorne

@@ -4,10 +4,13 @@
 #include <charconv>
 #include <cmath>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <linux/capability.h>
+#include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -17,6 +20,7 @@ namespace {
 
 constexpr const char* kProgram = HALVORNE_BINARY_DIR "/program/halvorne-batch";
 constexpr rlim_t kMostSeconds = 30;
+constexpr unsigned kMostWait = 120;  // s until a run that waits for something is ended
 constexpr const char* kStandardOutput = "standard_output";
 constexpr const char* kStandardError = "standard_error";
 
@@ -32,10 +36,36 @@ void Limit(int resource, rlim_t most) {
   setrlimit(resource, &limit);
 }
 
+void TakeInput(const std::string& file) {
+  // Opened for both ways a pipe without a writer does not wait for one.
+  const int opened = open(file.c_str(), O_RDWR);
+  if (opened < 0 || dup2(opened, STDIN_FILENO) < 0) {
+    _exit(126);
+  }
+}
+
+/// Takes the right to pass over closed folders from what the process becomes.
+void GiveUpPassingOverRights() {
+  if (geteuid() == 0 && (prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0) != 0 ||
+                         prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0) != 0)) {
+    _exit(125);
+  }
+}
+
 [[noreturn]] void Become(const Words& words, const Surroundings& surroundings,
                          const std::string& out, const std::string& err) {
   Redirect(STDOUT_FILENO, out);
   Redirect(STDERR_FILENO, err);
+  if (!surroundings.inFrom.empty()) {
+    TakeInput(surroundings.inFrom);
+  }
+  for (const std::string& setting : surroundings.environment) {
+    putenv(strdup(setting.c_str()));
+  }
+  if (surroundings.rightsCount) {
+    GiveUpPassingOverRights();
+  }
+  alarm(kMostWait);
   Limit(RLIMIT_CPU, kMostSeconds);
   Limit(RLIMIT_CORE, 0);
   if (surroundings.mostFileBytes >= 0) {

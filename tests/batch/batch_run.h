@@ -22,7 +22,11 @@ struct Outcome {
 /// Bounds and surroundings of a run.
 struct Surroundings {
   long mostFileBytes = -1;  ///< size that no file may pass; none when negative
-  std::string outTo;        ///< file or device that standard output goes to; empty: it is kept
+  std::string outTo = {};   ///< file or device that standard output goes to; empty: it is kept
+  std::string inFrom = {};  ///< file or device that standard input comes from; empty: the test's
+  std::vector<std::string> environment = {};  ///< "NAME=VALUE" beside the test's own
+  /// Closed folders are closed to the administrator too.
+  bool rightsCount = false;
 };
 
 /// Tests of the program halvorne-batch itself, with a folder of their own.

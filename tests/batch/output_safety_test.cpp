@@ -1,0 +1,165 @@
+#include <algorithm>
+#include <filesystem>
+#include <gmock/gmock.h>
+#include <sys/stat.h>
+
+#include "batch/batch_run.h"
+
+// What stands on the disk when writing an output does not go well.
+
+namespace halvorne::testing {
+namespace {
+
+namespace fs = std::filesystem;
+using ::testing::HasSubstr;
+
+/// In the format before the present one, so that converting changes it.
+constexpr const char* kOlder = "ndt_2p25mhz_heavy_backing_version_3";
+
+class BatchOutputSafety : public BatchTest {
+ protected:
+  BatchOutputSafety() { fs::create_directory(Path("work")); }
+  ~BatchOutputSafety() override {
+    std::error_code ignored;
+    fs::permissions(Path("work"), fs::perms::owner_all, ignored);
+  }
+
+  /// A run of the program in which the file call of that number does not go well.
+  Outcome RunWithFailingCall(const Words& words, int number, bool kill, bool closed) const {
+    Surroundings bad;
+    bad.environment = {"LD_PRELOAD=" HALVORNE_FAILING_CALLS, "FAILING_FOLDER=" + Path("work"),
+                       "FAILING_CALL=" + std::to_string(number), "TMPDIR=" + Path("work"),
+                       "XDG_RUNTIME_DIR=" + Path(".")};
+    if (kill) {
+      bad.environment.emplace_back("FAILING_KILL=1");
+    }
+    bad.rightsCount = closed;
+    return Run(words, bad);
+  }
+
+  /// Names in the folder that the program works in.
+  std::vector<std::string> WorkNames() const {
+    std::vector<std::string> names;
+    for (const auto& entry : fs::directory_iterator(Path("work"))) {
+      names.push_back(entry.path().filename());
+    }
+    std::sort(names.begin(), names.end());
+    return names;
+  }
+
+  /// Converts a design in its place with each call failing in turn, and expects it to be the old
+  /// or the new one, whole, after each.
+  /// @return calls that failed, by name
+  std::vector<std::string> ConvertWithEachCallFailing(bool kill, bool closed) const {
+    const std::string older = ReadFile(Shipped(kOlder));
+    Output({"convert", Shipped(kOlder), "-o", Path("expected.dat")});
+    const std::string newer = ReadFile(Path("expected.dat"));
+    std::vector<std::string> failed;
+    const std::string file = Path("work/design.dat");
+    for (int number = 1; number < 200; ++number) {
+      fs::permissions(Path("work"), fs::perms::owner_all);
+      Write("work/design.dat", older);
+      if (closed) {
+        fs::permissions(Path("work"), fs::perms::owner_read | fs::perms::owner_exec);
+      }
+      const Outcome run =
+          RunWithFailingCall({"convert", file, "-o", file, "--force"}, number, kill, closed);
+      const std::string mark = "failing call: ";
+      const std::size_t told = run.err.find(mark);
+      if (told == std::string::npos) {
+        EXPECT_EQ(run.status, 0) << run.err;
+        EXPECT_EQ(ReadFile(file), newer);
+        return failed;
+      }
+      const std::size_t name = told + mark.size();
+      failed.push_back(run.err.substr(name, run.err.find('\n', name) - name));
+      SCOPED_TRACE("call " + std::to_string(number) + ", " + failed.back());
+      ExpectOneWholeDesign(run, older, newer, failed.back());
+    }
+    ADD_FAILURE() << "calls without end";
+    return failed;
+  }
+
+  void ExpectOneWholeDesign(const Outcome& run, const std::string& older, const std::string& newer,
+                            const std::string& call) const {
+    const std::string now = ReadFile(Path("work/design.dat"));
+    EXPECT_TRUE(now == older || now == newer) << now.size() << " bytes of neither";
+    if (run.status == 0) {
+      EXPECT_EQ(now, newer) << "nothing was told, nothing was written";
+    } else if (run.status > 0) {
+      EXPECT_THAT(run.err, HasSubstr("halvorne-batch: ")) << "what was refused is not told";
+    }
+    for (const std::string& name : WorkNames()) {
+      if (name == "design.dat") {
+        continue;
+      }
+      // Killed between its naming and its taking of the place, the new file stands beside, whole.
+      EXPECT_EQ(call, "rename") << name << " was left";
+      EXPECT_EQ(ReadFile(Path("work/" + name)), newer);
+      fs::remove_all(Path("work/" + name));
+    }
+  }
+};
+
+TEST_F(BatchOutputSafety, ADesignSurvivesWhateverCallFails) {
+  const auto failed = ConvertWithEachCallFailing(false, false);
+  EXPECT_THAT(failed, ::testing::IsSupersetOf({"pwrite", "fsync", "linkat", "rename", "close"}));
+}
+
+TEST_F(BatchOutputSafety, InAFolderThatTakesNoNewFileADesignSurvivesWhateverCallFails) {
+  const auto failed = ConvertWithEachCallFailing(false, true);
+  EXPECT_THAT(failed, ::testing::IsSupersetOf({"pread", "pwrite", "ftruncate", "fsync", "close"}));
+}
+
+TEST_F(BatchOutputSafety, InAFolderThatTakesNoNewFileAFullDiskLeavesTheOlderOutput) {
+  for (const char* older : {"older", ""}) {
+    const std::string out = Write("work/out.csv", older);
+    fs::permissions(Path("work"), fs::perms::owner_read | fs::perms::owner_exec);
+    const Outcome run = Run({"raw", Shipped(kOlder), "--plot", "11", "-o", out},
+                            {.mostFileBytes = 8192, .rightsCount = true});
+    EXPECT_EQ(run.status, 1);
+    EXPECT_THAT(run.err, HasSubstr("File too large"));
+    EXPECT_EQ(ReadFile(out), older);
+  }
+}
+
+TEST_F(BatchOutputSafety, InAFolderThatTakesNoNewFileAnOutputIsReplacedByALongerAndAShorterOne) {
+  const std::string expected = Output({"raw", Shipped(kOlder), "--plot", "11"});
+  for (const std::size_t length : {std::size_t{0}, 2 * expected.size()}) {
+    const std::string out = Write("work/out.csv", std::string(length, 'x'));
+    fs::permissions(Path("work"), fs::perms::owner_read | fs::perms::owner_exec);
+    Surroundings closed;
+    closed.rightsCount = true;
+    EXPECT_EQ(Run({"raw", Shipped(kOlder), "--plot", "11", "-o", out}, closed).status, 0);
+    EXPECT_EQ(ReadFile(out), expected);
+    EXPECT_EQ(Run({"raw", Shipped(kOlder), "--plot", "11", "-o", Path("work/new")}, closed).status,
+              1)
+        << "a new file in a closed folder";
+  }
+}
+
+TEST_F(BatchOutputSafety, AnOutputThatMayNotBeWrittenToIsNotReplaced) {
+  const std::string out = Write("work/out.csv", "older");
+  fs::permissions(out, fs::perms::owner_read);
+  Surroundings bound;
+  bound.rightsCount = true;
+  const Outcome run = Run({"raw", Shipped(kOlder), "--plot", "11", "-o", out}, bound);
+  EXPECT_EQ(run.status, 1);
+  EXPECT_THAT(run.err, HasSubstr("Permission denied"));
+  EXPECT_EQ(ReadFile(out), "older");
+}
+
+TEST_F(BatchOutputSafety, AnOutputThatIsReplacedKeepsItsRights) {
+  const std::string out = Write("out.csv", "older");
+  constexpr auto rights = fs::perms::owner_all | fs::perms::group_read;
+  fs::permissions(out, rights);
+  Output({"raw", Shipped(kOlder), "--plot", "11", "-o", out});
+  EXPECT_EQ(fs::status(out).permissions(), rights);
+}
+
+TEST_F(BatchOutputSafety, AKilledProgramLeavesTheDesignAndNoDraft) {
+  EXPECT_GT(ConvertWithEachCallFailing(true, false).size(), 5U);
+}
+
+}  // namespace
+}  // namespace halvorne::testing
