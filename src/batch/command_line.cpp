@@ -2,7 +2,6 @@
 
 #include <QCommandLineOption>
 #include <QCommandLineParser>
-#include <QFile>
 #include <array>
 
 #include "batch/commands.h"
@@ -56,8 +55,13 @@ const std::array<Option, 14>& Options() {
   return options;
 }
 
+/// The toolkit's parser takes no bytes, so each byte goes through it as the character of its
+/// number: file names and texts come out as they came in, whatever their encoding.
+QString FromBytes(const char* word) {
+  return QString::fromLatin1(word);
+}
 std::string Bytes(const QString& text) {
-  return text.toStdString();
+  return text.toLatin1().toStdString();
 }
 
 QString Value(const QCommandLineParser& parser, const char* name) {
@@ -160,11 +164,11 @@ void ReadWords(const QStringList& words, Request& request) {
   if (words.size() < 2 || words[1].isEmpty()) {
     throw WrongCommandLine("the design file is missing");
   }
-  request.in = QFile::encodeName(words[1]).toStdString();
+  request.in = Bytes(words[1]);
 }
 
 void ReadOutput(const QCommandLineParser& parser, Request& request) {
-  request.out = QFile::encodeName(Value(parser, "output")).toStdString();
+  request.out = Bytes(Value(parser, "output"));
   if (parser.isSet("output") && request.out.empty()) {
     throw WrongCommandLine("-o: the file has no name");
   }
@@ -222,7 +226,11 @@ Request ReadCommand(const QCommandLineParser& parser) {
 
 }  // namespace
 
-Request ReadCommandLine(const QStringList& arguments) {
+Request ReadCommandLine(int count, const char* const* words) {
+  QStringList arguments;
+  for (int k = 0; k < count; ++k) {
+    arguments.append(FromBytes(words[k]));
+  }
   QCommandLineParser parser;
   parser.setSingleDashWordOptionMode(QCommandLineParser::ParseAsCompactedShortOptions);
   for (const Option& option : Options()) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <QSize>
-#include <QStringList>
 #include <optional>
 #include <string>
 #include <vector>
@@ -39,7 +38,7 @@ struct Request {
 
 /// Reads the arguments, the program's name first. Raises WrongCommandLine, with what is wrong, for
 /// whatever cannot be meant; no file has been touched by then.
-Request ReadCommandLine(const QStringList& arguments);
+Request ReadCommandLine(int count, const char* const* words);
 
 /// The options with their descriptions, as the help shows them.
 std::string OptionsHelp();

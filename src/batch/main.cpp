@@ -61,12 +61,8 @@ void OccupyClosedStreams() {
 }
 
 int Run(int count, char** words) {
-  QStringList arguments;
-  for (int k = 0; k < count; ++k) {
-    arguments.append(QString::fromLocal8Bit(words[k]));
-  }
   try {
-    return RunCommand(ReadCommandLine(arguments));
+    return RunCommand(ReadCommandLine(count, words));
   } catch (const WrongCommandLine& wrong) {
     Complain(wrong.what());
     return kWrongCommandLine;
