@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "batch/design_source.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "persistence/design_file.h"
@@ -54,7 +55,7 @@ void OpenDesign(Session& session) {
   const Request& request = session.request;
   StartDisplay(request);
   design.DataFileName = request.in;
-  ReadDesignFile(request.in);
+  ReadDesignFile(DesignSource(request.in).Name());
   if (!plot.DesignOpen) {
     throw CommandFailed(request.in + " could not be read as a design");
   }

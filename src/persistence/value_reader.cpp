@@ -8,6 +8,7 @@
 #include <system_error>
 
 #include "persistence/file_failure.h"
+#include "persistence/regular_file.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
 
@@ -30,12 +31,8 @@ bool IsSeparator(char c) {
   return c == ',' || IsLineEnd(c);
 }
 
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
-/// Bytes worth making room for. Devices and pipes tell no size; their room costs nothing until it
-/// is filled.
+/// Bytes worth making room for. Files that the system makes as they are read tell no size; their
+/// room costs nothing until it is filled.
 std::size_t Room(const std::string& fileName) {
   std::error_code unknown;
   const std::uintmax_t size = std::filesystem::file_size(fileName, unknown);
@@ -119,10 +116,7 @@ FoundNumber FindNumber(const char* begin, const char* end) {
 }  // namespace
 
 ValueReader::ValueReader(const std::string& fileName) {
-  const std::unique_ptr<std::FILE, FileCloser> file(std::fopen(fileName.c_str(), "rb"));
-  if (!file) {
-    RaiseFileFailure(errno, fileName);
-  }
+  const FileHandle file = OpenRegularFile(fileName);
   const std::size_t room = Room(fileName);
   bytes_ = std::make_unique_for_overwrite<char[]>(room + 1);
   const std::size_t size = std::fread(bytes_.get(), 1, room, file.get());

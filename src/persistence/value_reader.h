@@ -16,7 +16,8 @@ namespace halvorne {
 /// 6 for one that does not fit.
 class ValueReader {
  public:
-  /// Takes in the whole file, of which no more than 64 MiB is looked at. Raises 53, 70, 75 or 76.
+  /// Takes in the whole file, of which no more than 64 MiB is looked at. Raises 53, 70 or 76, and
+  /// 75 at once for a folder, a pipe or a device.
   explicit ValueReader(const std::string& fileName);
 
   /// Reads the next values, in order.

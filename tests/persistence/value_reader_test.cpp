@@ -4,6 +4,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <random>
+#include <sys/stat.h>
 #include <vector>
 
 #include "persistence/file_fixture.h"
@@ -218,11 +219,28 @@ TEST_F(ValueReaderTest, FilesWithoutTheRightToReadRaise70) {
   EXPECT_EQ(FailureOf([&] { ValueReader(Path("mine")); }), 70);
 }
 
-TEST_F(ValueReaderTest, AnEndlessFileIsReadInPartOnly) {
-  ValueReader file("/dev/zero");
+TEST_F(ValueReaderTest, WhatIsNoRegularFileIsRefusedWithoutBeingWaitedFor) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  for (const std::string& name : {Path("pipe"), std::string("/dev/zero"), std::string("/dev/null"),
+                                  std::string("/dev/full")}) {
+    EXPECT_EQ(FailureOf([&] { const ValueReader file(name); }), 75) << name;
+  }
+}
+
+TEST_F(ValueReaderTest, AGiantFileIsReadInPartOnly) {
+  Put("giant", "");
+  std::filesystem::resize_file(Path("giant"), std::uintmax_t{3} << 30);
+  ValueReader file(Path("giant"));
   double number = 7;
   EXPECT_EQ(FailureOf([&] { file.Read(number); }), 13);
   EXPECT_EQ(FailureOf([&] { file.Read(number); }), 62);
+}
+
+TEST_F(ValueReaderTest, AFileThatTellsNoSizeIsRead) {
+  ValueReader file("/proc/self/status");
+  std::string first;
+  file.Read(first);
+  EXPECT_TRUE(first.starts_with("Name:")) << first;
 }
 
 }  // namespace

@@ -1,0 +1,41 @@
+#include "batch/design_source.h"
+
+#include <cerrno>
+#include <sys/mman.h>
+#include <system_error>
+#include <unistd.h>
+
+#include "batch/own_streams.h"
+#include "batch/stops.h"
+
+namespace halvorne::batch {
+namespace {
+
+/// More than any design takes: a stream that never ends is left behind it.
+constexpr std::size_t kMostBytes = std::size_t{64} << 20;
+
+}  // namespace
+
+DesignSource::DesignSource(const std::string& name) try : name_(name) {
+  const auto stream = OwnStream(name);
+  if (!stream) {
+    return;
+  }
+  const std::string bytes = ReadStream(*stream, kMostBytes);
+  memory_ = memfd_create("design", MFD_CLOEXEC);
+  if (memory_ < 0) {
+    throw std::system_error(errno, std::generic_category());
+  }
+  WriteStream(memory_, bytes);
+  name_ = "/proc/self/fd/" + std::to_string(memory_);
+} catch (const std::system_error& refused) {
+  throw CommandFailed(name + " could not be read: " + refused.code().message());
+}
+
+DesignSource::~DesignSource() {
+  if (memory_ >= 0) {
+    close(memory_);
+  }
+}
+
+}  // namespace halvorne::batch
