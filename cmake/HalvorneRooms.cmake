@@ -33,7 +33,7 @@ endif()
 
 # halvorne_precompiled(<name> HEADERS <header>... [LINKS <target>...] [OPTIONS <option>...])
 # Compiles headers that many files include once; a target takes them with halvorne_take_precompiled.
-# The files keep their own includes: the clang preset and the core compile without.
+# The files keep their own includes: the core has none of it, and clang-tidy looks at the rooms without.
 function(halvorne_precompiled name)
   cmake_parse_arguments(PRECOMPILED "" "" "HEADERS;LINKS;OPTIONS" ${ARGN})
   set(empty ${PROJECT_BINARY_DIR}/precompiled/${name}.cpp)
@@ -72,7 +72,7 @@ function(halvorne_room name)
   add_library(Halvorne::${name} ALIAS halvorne_${name})
   target_include_directories(halvorne_${name} PUBLIC ${PROJECT_SOURCE_DIR}/src)
   target_link_libraries(halvorne_${name} PUBLIC ${ROOM_LINKS} PRIVATE halvorne_options)
-  if(ROOM_WIDGETS)
+  if(ROOM_WIDGETS AND NOT HALVORNE_TIDY)
     halvorne_take_precompiled(halvorne_${name} widgets)
   endif()
 endfunction()
