@@ -5,14 +5,14 @@
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
-#include <QFile>
-#include <QFileInfo>
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QScreen>
 #include <QUrl>
 #include <QWindow>
 #include <algorithm>
+#include <filesystem>
+#include <system_error>
 
 #include "materials/data_sources.h"
 #include "persistence/setup_file.h"
@@ -20,6 +20,7 @@
 #include "platform/messages.h"
 #include "platform/numbers.h"
 #include "platform/paths.h"
+#include "platform/qt/file_names.h"
 #include "platform/qt/forms.h"
 #include "platform/qt/help_viewer.h"
 #include "platform/qt/message_boxes.h"
@@ -37,9 +38,9 @@ constexpr int kColWidth = 585;  // twips
 constexpr QPoint kPictureCorner(6, 104);
 
 /// The only file that a drag carries, empty when it carries anything else.
-QString DraggedFile(const QMimeData* data) {
+std::string DraggedFile(const QMimeData* data) {
   const QList<QUrl> urls = data->urls();
-  return urls.size() == 1 ? urls.constFirst().toLocalFile() : QString();
+  return urls.size() == 1 ? LocalFileBytes(urls.constFirst()) : std::string();
 }
 
 }  // namespace
@@ -212,18 +213,19 @@ void frmHalvorneMain::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmHalvorneMain::dragEnterEvent(QDragEnterEvent* event) {
+  std::error_code none;
   // A window behind a modal one takes no commands, thus no files either.
   if (QApplication::activeModalWidget() == nullptr &&
-      QFileInfo(DraggedFile(event->mimeData())).isFile()) {
+      std::filesystem::is_regular_file(DraggedFile(event->mimeData()), none)) {
     event->acceptProposedAction();
   }
 }
 
 void frmHalvorneMain::dropEvent(QDropEvent* event) {
   const Command command;
-  const QString file = DraggedFile(event->mimeData());
+  const std::string file = DraggedFile(event->mimeData());
   event->acceptProposedAction();
-  OpenDesign(QFile::encodeName(file).toStdString());
+  OpenDesign(file);
 }
 
 }  // namespace halvorne
