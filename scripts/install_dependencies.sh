@@ -9,7 +9,8 @@ packages_for() {
   case $1 in
     build)
       echo g++ cmake ninja-build ccache \
-        qt6-base-dev qt6-svg-dev libqt6sql6-sqlite fonts-dejavu-core \
+        qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite \
+        fonts-dejavu-core \
         libgtest-dev libgmock-dev libbenchmark-dev libfftw3-dev
       ;;
     checks) echo clang-14 clang-format-14 clang-tidy-14 ;;
