@@ -22,7 +22,6 @@
 #include "platform/paths.h"
 #include "platform/qt/file_names.h"
 #include "platform/qt/forms.h"
-#include "platform/qt/help_viewer.h"
 #include "platform/qt/message_boxes.h"
 #include "plot/graph.h"
 #include "plot/measures.h"

@@ -14,6 +14,7 @@
 
 #include "platform/main_window.h"
 #include "platform/qt/file_dialogs.h"
+#include "platform/qt/help_viewer.h"
 #include "platform/qt/picture_box.h"
 #include "shell/cursor_bar.h"
 #include "shell/measurement_grid.h"
@@ -139,6 +140,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   bool resizing_ = false;
   bool screenWatched_ = false;
 
+  HelpKey helpKey_;
   CommonDialog CMDialog1{"CMDialog1"};
   QWidget* Picture2 = nullptr;
   std::vector<QWidget*> toolbar_;

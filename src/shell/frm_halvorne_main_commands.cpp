@@ -8,7 +8,6 @@
 #include "platform/messages.h"
 #include "platform/paths.h"
 #include "platform/qt/clipboard.h"
-#include "platform/qt/help_viewer.h"
 #include "platform/qt/text.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"

@@ -77,7 +77,7 @@ constexpr std::array kMenuTable = std::to_array<MenuRow>({
     {1, "mnuOptionsItem(2)", "&Display Options"},
 
     {0, "mnuHelp", "&Help"},
-    {1, "mnuHelpItem(0)", "&Contents", "F1"},
+    {1, "mnuHelpItem(0)", "&Contents"},
     {1, "mnuHelpItem(1)", "&Search for Help on..."},
     {1, "mnuHelpItem(2)", "-"},
     {1, "mnuHelpItem(3)", "&About Halvorne..."},

@@ -5,6 +5,7 @@
 #include <memory>
 
 #include "platform/paths.h"
+#include "platform/qt/help_viewer.h"
 #include "platform/qt/message_boxes.h"
 #include "shell/frm_halvorne_main.h"
 #include "shell/frm_startup.h"
@@ -30,6 +31,7 @@ int RunProgram(const std::filesystem::path& folder) {
   startup->Form_Load();
   startup.reset();
   const int status = window != nullptr ? QApplication::exec() : EXIT_FAILURE;
+  EndHelp();
   window.reset();
   SetMessages(nullptr);
   return status;

@@ -79,7 +79,7 @@ TEST_P(ShippedFolder, StandsInTheProgramFolderToo) {
 
 INSTANTIATE_TEST_SUITE_P(All, ShippedFolder,
                          ::testing::Values("DATA", "EXCITE", "Acoustic loads",
-                                           "Velocity dispersion", "Database", "help"));
+                                           "Velocity dispersion", "Database"));
 
 }  // namespace
 }  // namespace halvorne::testing

@@ -179,30 +179,6 @@ TEST_F(Commands, KeysOfDisabledMenusDoNothing) {
   EXPECT_EQ(ClipboardText(), QStringLiteral("mine"));
 }
 
-TEST_F(Commands, HelpShowsItsContentsAndSearchesThem) {
-  StartProgram();
-  ClickMenu("mnuHelpItem(0)");
-  QWidget* help = nullptr;
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    help = window->objectName() == QStringLiteral("frmHelp") ? window : help;
-  }
-  ASSERT_NE(help, nullptr);
-  const auto* const topics = help->findChild<QListWidget*>(QStringLiteral("lstHelpContents"));
-  const auto* const text = help->findChild<QTextBrowser*>(QStringLiteral("txtHelp"));
-  EXPECT_GE(topics->count(), 8);
-  EXPECT_EQ(topics->item(0)->text(), QStringLiteral("First steps"));
-  EXPECT_TRUE(text->toPlainText().contains(QStringLiteral("First steps")));
-
-  ClickMenu("mnuHelpItem(1)");
-  auto* const key = help->findChild<QLineEdit*>(QStringLiteral("txtHelpKey"));
-  const auto* const found = help->findChild<QListWidget*>(QStringLiteral("lstHelpFound"));
-  EXPECT_TRUE(key->text().isEmpty());
-  QTest::keyClicks(key, QStringLiteral("bandwidth levels"));
-  ASSERT_EQ(found->count(), 1);
-  EXPECT_TRUE(text->toPlainText().contains(QStringLiteral("three levels")));
-  help->close();
-}
-
 TEST_F(Commands, HelpThatIsMissingIsToldEachTime) {
   StartProgram();
   std::filesystem::remove(Folder() / "HALVORNE.HLP");
@@ -212,11 +188,6 @@ TEST_F(Commands, HelpThatIsMissingIsToldEachTime) {
                          "for the help system to operate.",
                  .icon = QMessageBox::Warning});
   ClickMenu("mnuHelpItem(0)");
-  for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == QStringLiteral("frmHelp")) {
-      window->close();
-    }
-  }
 }
 
 TEST_F(Commands, KeyboardAloneReachesAPlot) {

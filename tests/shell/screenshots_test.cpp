@@ -6,8 +6,10 @@
 #include <QScreen>
 #include <QTabBar>
 #include <QTest>
+#include <QTreeView>
 #include <fstream>
 
+#include "platform/qt/help_viewer.h"
 #include "shell/frm_startup.h"
 #include "shell/layout_check.h"
 #include "shell/window_test.h"
@@ -113,6 +115,18 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
     messages().Show({.title = "ERROR in MainCalc of CALCS", .text = "Error: 6. Overflow"});
   }
 
+  void TakeHelp() {
+    ClickMenu("mnuHelpItem(0)");
+    for (QWidget* window : QApplication::topLevelWidgets()) {
+      if (window->objectName() == QStringLiteral("frmHelp")) {
+        const auto* const contents = window->findChild<QTreeView*>();
+        EXPECT_TRUE(QTest::qWaitFor([=] { return contents->model()->rowCount() > 0; }));
+        Take(*window, "frmHelp");
+      }
+    }
+    EndHelp();
+  }
+
   void TakeMenus() {
     for (const char* name : {"mnuFile", "mnuEdit", "mnuInput", "mnuViewTx", "mnuOptions"}) {
       auto* const menu = Find<QMenu>(name);
@@ -173,6 +187,7 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
       TakeMainWindow();
       TakeMenus();
       TakeDialogs();
+      TakeHelp();
       main.reset();
     }
   }

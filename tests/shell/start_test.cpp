@@ -99,8 +99,8 @@ TEST_F(Start, PointerIsBusyUntilTheWindowStands) {
   EXPECT_EQ(main->cursor().shape(), Qt::ArrowCursor);
 }
 
-TEST_F(Start, CountsAnEmptiedHelpFolderAsMissing) {
-  std::filesystem::remove_all(Folder() / "help");
+TEST_F(Start, CountsADamagedHelpFileAsMissing) {
+  std::filesystem::resize_file(Folder() / "HALVORNE.HLP", 100);
   script.Expect(kMissingHelp);
   StartProgram();
 }

@@ -13,6 +13,7 @@
 #include "persistence/design_file.h"
 #include "platform/headless_surface.h"
 #include "platform/paths.h"
+#include "platform/qt/help_viewer.h"
 #include "platform/qt/picture_surface.h"
 #include "plot/graph.h"
 #include "plot/headless_window.h"
@@ -29,9 +30,10 @@ namespace fs = std::filesystem;
 /// Lays the program's folder out as it is shipped, but for the designs.
 void LayOut(const fs::path& folder) {
   const fs::path shipped = fs::path(HALVORNE_SOURCE_DIR) / "share";
-  for (const char* part : {"HALVORNE.HLP", "HALVORNESETUP", "help", "Database"}) {
+  for (const char* part : {"HALVORNESETUP", "Database"}) {
     fs::copy(shipped / part, folder / part, fs::copy_options::recursive);
   }
+  fs::copy(HALVORNE_BINARY_DIR "/program/HALVORNE.HLP", folder / "HALVORNE.HLP");
   fs::create_directory(folder / "DATA");
 }
 
@@ -46,6 +48,7 @@ WindowTest::WindowTest() {
 
 WindowTest::~WindowTest() {
   EXPECT_TRUE(script.Finished()) << "a window that was expected did not come";
+  EndHelp();
   main.reset();
   SetMessages(nullptr);
   for (const QString& name : QSqlDatabase::connectionNames()) {

@@ -27,7 +27,7 @@ class CommonDialog {
   std::string FileName;      ///< before: the name offered; after: the one chosen
   bool CancelError = false;  ///< Cancel raises 32755 instead of emptying FileName
 
-  std::string HelpFile;  ///< the collection's list of contents
+  std::string HelpFile;
   int HelpCommand = 0;
   std::string HelpKey;  ///< words to search for
 

@@ -1,163 +1,104 @@
 #include "platform/qt/help_viewer.h"
 
+#include <QAction>
 #include <QApplication>
 #include <QFile>
-#include <QFileInfo>
-#include <QLabel>
-#include <QLineEdit>
-#include <QListWidget>
+#include <QKeyEvent>
+#include <QMenu>
 #include <QPointer>
-#include <QScreen>
-#include <QShortcut>
-#include <QSplitter>
-#include <QTabWidget>
-#include <QTextBrowser>
-#include <QVBoxLayout>
-#include <system_error>
 
+#include "platform/failure.h"
 #include "platform/paths.h"
+#include "platform/qt/help_window.h"
 #include "platform/qt/text.h"
 
 namespace halvorne {
 namespace {
 
-/// Place of a topic's page in the items of both lists.
-constexpr int kPageRole = Qt::UserRole;
-
-QString ReadText(const QString& path) {
-  QFile file(path);
-  return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+QPointer<HelpWindow>& Window() {
+  static QPointer<HelpWindow> window;
+  return window;
 }
 
-/// A window with the list of topics and the search on its left and the page on its right.
-class HelpWindow final : public QSplitter {
- public:
-  explicit HelpWindow(const QString& contents);
-
-  void ShowContents();
-  void ShowSearch(const QString& key);
-
- private:
-  void LoadContents(const QString& contents);
-  void ShowPage(const QListWidgetItem* item);
-  void Search();
-
-  QTabWidget* pages_ = new QTabWidget;
-  QListWidget* topics_ = new QListWidget;
-  QLineEdit* key_ = new QLineEdit;
-  QListWidget* found_ = new QListWidget;
-  QTextBrowser* text_ = new QTextBrowser;
-};
-
-HelpWindow::HelpWindow(const QString& contents) {
-  setAttribute(Qt::WA_DeleteOnClose);
-  setObjectName(QStringLiteral("frmHelp"));
-  setWindowTitle(QStringLiteral("Halvorne Help"));
-  topics_->setObjectName(QStringLiteral("lstHelpContents"));
-  key_->setObjectName(QStringLiteral("txtHelpKey"));
-  key_->setPlaceholderText(QStringLiteral("Words to search for"));
-  key_->setClearButtonEnabled(true);
-  found_->setObjectName(QStringLiteral("lstHelpFound"));
-  text_->setObjectName(QStringLiteral("txtHelp"));
-  text_->document()->setDocumentMargin(14);
-
-  auto* const search = new QWidget;
-  auto* const column = new QVBoxLayout(search);
-  column->addWidget(key_);
-  column->addWidget(found_);
-  pages_->addTab(topics_, QStringLiteral("&Contents"));
-  pages_->addTab(search, QStringLiteral("&Search"));
-  addWidget(pages_);
-  addWidget(text_);
-  setStretchFactor(1, 1);
-  setSizes({230, 530});
-
-  for (QListWidget* list : {topics_, found_}) {
-    connect(list, &QListWidget::currentItemChanged, this,
-            [this](const QListWidgetItem* item) { ShowPage(item); });
-  }
-  connect(key_, &QLineEdit::textChanged, this, [this] { Search(); });
-  connect(new QShortcut(QKeySequence(Qt::Key_Escape), this), &QShortcut::activated, this,
-          &QWidget::close);
-  LoadContents(contents);
-  resize(QSize(760, 520).boundedTo(screen()->availableSize()));
+QString FromPath(const std::string& path) {
+  return QFile::decodeName(QByteArray::fromStdString(path));
 }
 
-void HelpWindow::LoadContents(const QString& contents) {
-  const QString folder = QFileInfo(contents).absolutePath();
-  const QStringList lines = ReadText(contents).split(u'\n', Qt::SkipEmptyParts);
-  for (const QString& line : lines) {
-    auto* const item = new QListWidgetItem(line.section(u'|', 1).trimmed(), topics_);
-    item->setData(kPageRole, QString(folder + u'/' + line.section(u'|', 0, 0).trimmed()));
-  }
-  if (topics_->count() == 0) {
-    text_->setPlainText(QStringLiteral("The help collection is missing."));
-  }
+std::string HelpFile() {
+  return ProgramPath("\\HALVORNE.HLP").string();
 }
 
-void HelpWindow::ShowPage(const QListWidgetItem* item) {
-  if (item == nullptr) {
-    return;
+HelpWindow& ShownWindow(const std::string& file) {
+  QPointer<HelpWindow>& window = Window();
+  if (window == nullptr) {
+    window = new HelpWindow(FromPath(file));
   }
-  text_->setSource(QUrl::fromLocalFile(item->data(kPageRole).toString()));
-  if (item->listWidget() == found_) {
-    text_->find(key_->text().section(u' ', 0, 0, QString::SectionSkipEmpty));
+  if (window->isMinimized()) {
+    window->showNormal();
   }
+  window->show();
+  window->raise();
+  window->activateWindow();
+  return *window;
 }
 
-void HelpWindow::Search() {
-  found_->clear();
-  const QStringList words = key_->text().split(u' ', Qt::SkipEmptyParts);
-  for (int row = 0; row < topics_->count() && !words.isEmpty(); ++row) {
-    const QListWidgetItem* const topic = topics_->item(row);
-    QTextDocument page;
-    page.setHtml(ReadText(topic->data(kPageRole).toString()));
-    const QString text = page.toPlainText();
-    const bool holdsAll = std::all_of(words.begin(), words.end(), [&](const QString& word) {
-      return text.contains(word, Qt::CaseInsensitive);
-    });
-    if (holdsAll) {
-      found_->addItem(topic->clone());
-    }
+/// What the user asks about: the command under the bar of a menu, else the window.
+QString AskedAbout(const QWidget& widget) {
+  const auto* const menu = qobject_cast<const QMenu*>(&widget);
+  if (menu != nullptr && menu->activeAction() != nullptr) {
+    return menu->activeAction()->objectName();
   }
-  found_->setCurrentRow(0);
-}
-
-void HelpWindow::ShowContents() {
-  pages_->setCurrentIndex(0);
-  if (topics_->currentRow() < 0) {
-    topics_->setCurrentRow(0);
+  const QWidget* window = widget.window();
+  while (window->windowType() == Qt::Popup && window->parentWidget() != nullptr) {
+    window = window->parentWidget()->window();  // the window that an open list belongs to
   }
-  topics_->setFocus();
-}
-
-void HelpWindow::ShowSearch(const QString& key) {
-  pages_->setCurrentIndex(1);
-  key_->setText(key);
-  key_->setFocus();
+  return window->objectName();
 }
 
 }  // namespace
 
 bool HelpViewerInstalled() {
-  std::error_code none;
-  return std::filesystem::exists(ProgramPath("\\HALVORNE.HLP"), none) &&
-         std::filesystem::is_directory(ProgramPath("\\help"), none);
+  return IsHelpFile(FromPath(HelpFile()));
 }
 
-void ShowHelpWindow(const std::string& contents, bool search, const std::string& key) {
-  static QPointer<HelpWindow> window;
-  if (window == nullptr) {
-    window = new HelpWindow(QFile::decodeName(QByteArray::fromStdString(contents)));
-  }
-  window->show();
-  window->raise();
-  window->activateWindow();
+void ShowHelpWindow(const std::string& file, bool search, const std::string& key) {
+  HelpWindow& window = ShownWindow(file);
   if (search) {
-    window->ShowSearch(ToQString(key));
+    window.ShowSearch(ToQString(key));
   } else {
-    window->ShowContents();
+    window.ShowContents();
   }
+}
+
+void ShowHelpTopic(const std::string& file, const QString& name) {
+  ShownWindow(file).ShowTopic(name);
+}
+
+void EndHelp() {
+  delete Window();
+}
+
+HelpKey::HelpKey() {
+  QCoreApplication::instance()->installEventFilter(this);
+}
+
+bool HelpKey::eventFilter(QObject* watched, QEvent* event) try {
+  if (event->type() != QEvent::KeyPress || !watched->isWidgetType()) {
+    return false;
+  }
+  const auto* const pressed = static_cast<const QKeyEvent*>(event);
+  if (pressed->key() != Qt::Key_F1 || pressed->modifiers() != Qt::NoModifier) {
+    return false;
+  }
+  const QString name = AskedAbout(*static_cast<const QWidget*>(watched));
+  while (QWidget* const popup = QApplication::activePopupWidget()) {
+    popup->close();  // an open menu would keep the keys
+  }
+  ShowHelpTopic(HelpFile(), name);
+  return true;
+} catch (...) {
+  ReportFailure("eventFilter", "HelpKey");
+  return true;
 }
 
 }  // namespace halvorne
