@@ -69,6 +69,15 @@ QByteArray PdfPicture(QSize size) {
   return buffer.data();
 }
 
+QImage PlotImage(QSize size) {
+  QImage image(size, QImage::Format_RGB32);
+  if (image.isNull()) {
+    throw CommandFailed("there is not enough memory for the picture");
+  }
+  DrawPlot(image);
+  return image;
+}
+
 }  // namespace
 
 PictureFormat PictureFormatOf(const std::string& fileName) {
@@ -85,16 +94,11 @@ PictureFormat PictureFormatOf(const std::string& fileName) {
   throw WrongCommandLine("-o: a picture's name ends in .png, .svg or .pdf, not as " + fileName);
 }
 
-QImage PlotImage(QSize size) {
-  QImage image(size, QImage::Format_RGB32);
-  if (image.isNull()) {
-    throw CommandFailed("there is not enough memory for the picture");
-  }
+void DrawPlot(QImage& image) {
   image.setDotsPerMeterX(kDotsPerMetre);
   image.setDotsPerMeterY(kDotsPerMetre);
   image.fill(Qt::white);
   DrawOn(image);
-  return image;
 }
 
 QByteArray PngOf(const QImage& image) {

@@ -18,8 +18,8 @@ PictureFormat PictureFormatOf(const std::string& fileName);
 /// @param size  in pixels of 1/96 inch; a default when it is not valid
 QByteArray PlotPicture(PictureFormat format, QSize size);
 
-/// The same as an image.
-QImage PlotImage(QSize size);
+/// The same over all of an image.
+void DrawPlot(QImage& image);
 
 /// An image as the bytes of a PNG file.
 QByteArray PngOf(const QImage& image);

@@ -169,5 +169,29 @@ TEST_F(BatchPictures, AContactSheetHoldsThePlotsThatTheWindowOffers) {
   EXPECT_EQ(all.height() - sheet("imaging_5mhz_two_layer").height(), 158);
 }
 
+TEST_F(BatchPictures, AContactSheetHoldsEachPlotAsItsOwnPicture) {
+  Output({"contact", file, "-o", Path("sheet.png"), "--size", "200x150"});
+  const QImage sheet =
+      QImage(QString::fromStdString(Path("sheet.png"))).convertToFormat(QImage::Format_RGB32);
+  const auto place = [&](int row, int column) {
+    return sheet.copy(QRect(QPoint(8 + 208 * column, 40 + 158 * row), QSize(200, 150)));
+  };
+  EXPECT_EQ(place(0, 0), DrawPng({"--plot", "11", "--size", "200x150"}));
+  EXPECT_EQ(place(0, 3), DrawPng({"--plot", "14", "--size", "200x150"}));
+  EXPECT_EQ(place(1, 0), DrawPng({"--plot", "15", "--size", "200x150"}));
+  EXPECT_EQ(place(1, 2), DrawPng({"--plot", "17", "--size", "200x150"})) << "one of three panes";
+}
+
+TEST_F(BatchPictures, AContactSheetThatWouldFillTheMemoryIsRefused) {
+  const Outcome run = Run({"contact", file, "-o", Path("sheet.png"), "--size", "10000x10000"});
+  EXPECT_EQ(run.status, 2);
+  // 4 columns of 10008 and 8 beside them, 6 rows of 10008 and 48 beside them.
+  EXPECT_NE(run.err.find("--size: a sheet of 23 plots would have 2406 million pixels"),
+            std::string::npos)
+      << run.err;
+  EXPECT_LT(run.peakKib, 300L * 1024);
+  EXPECT_EQ(Names(), std::vector<std::string>{});
+}
+
 }  // namespace
 }  // namespace halvorne::testing
