@@ -10,6 +10,7 @@
 #include "platform/clock.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 
 namespace halvorne {
 
@@ -169,6 +170,7 @@ void AcousticSide(Terminated& port) {
 }  // namespace
 
 void PrelimCalc() try {
+  CleanVectorRegisters();
   const Chain front = FrontChain();
   const Chain back = BackChain();
   PreparePlates(front, design.FaceMatl, design.NoFace);
@@ -180,6 +182,7 @@ void PrelimCalc() try {
 }
 
 void MainCalc() try {
+  CleanVectorRegisters();
   design.CalcDateTime = DateTimeText();
   design.FrontLoadArea = Finite(design.ElementArea * design.FrontArea(design.NoFace));
   design.BackLoadArea = Finite(design.ElementArea * design.BackArea(design.NoBack));

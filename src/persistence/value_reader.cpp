@@ -11,6 +11,7 @@
 #include "persistence/regular_file.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 
 namespace halvorne {
 namespace {
@@ -116,6 +117,7 @@ FoundNumber FindNumber(const char* begin, const char* end) {
 }  // namespace
 
 ValueReader::ValueReader(const std::string& fileName) {
+  CleanVectorRegisters();
   const FileHandle file = OpenRegularFile(fileName);
   const std::size_t room = Room(fileName);
   bytes_ = std::make_unique_for_overwrite<char[]>(room + 1);

@@ -5,6 +5,7 @@
 #include "persistence/file_failure.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
+#include "platform/vector_registers.h"
 
 namespace halvorne {
 namespace {
@@ -13,6 +14,10 @@ constexpr std::size_t kBlock = std::size_t{64} << 10;
 
 }  // namespace
 
+ValueWriter::ValueWriter() {
+  CleanVectorRegisters();
+}
+
 ValueWriter::ValueWriter(const std::string& fileName)
     : fileName_(fileName), file_(std::fopen(fileName.c_str(), "wb")) {
   if (file_ == nullptr) {
@@ -20,6 +25,7 @@ ValueWriter::ValueWriter(const std::string& fileName)
   }
   std::setvbuf(file_, nullptr, _IONBF, 0);  // blocks are made here
   text_.reserve(kBlock + kBlock / 4);
+  CleanVectorRegisters();
 }
 
 ValueWriter::~ValueWriter() {

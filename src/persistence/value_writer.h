@@ -16,7 +16,7 @@ namespace halvorne {
 class ValueWriter {
  public:
   /// Writes to memory: the lines are had from Text.
-  ValueWriter() = default;
+  ValueWriter();
   /// Creates or empties the file. Raises 70, 75 or 76.
   explicit ValueWriter(const std::string& fileName);
   /// Hands over what is left, in silence.

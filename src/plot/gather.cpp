@@ -3,6 +3,7 @@
 #include "engine/two_port.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
+#include "platform/vector_registers.h"
 #include "plot/conversions.h"
 #include "plot/plot_state.h"
 #include "timedomain/responses.h"
@@ -153,6 +154,7 @@ void Polar() {
 }  // namespace
 
 bool Gather(const CataloguePlot& row) {
+  CleanVectorRegisters();
   const double powerFactor = PowerFactor(row.number);
   GatherValues(row.number);
   if (row.decibelFactor != 0) {

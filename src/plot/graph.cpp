@@ -3,6 +3,7 @@
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 #include "plot/axis_scaling.h"
 #include "plot/cursor.h"
 #include "plot/measures.h"
@@ -26,6 +27,7 @@ constexpr Corners kScales[4][3] = {
 };
 
 void DrawPane(Surface& surface, std::int16_t pane, const TimePoints& array) {
+  CleanVectorRegisters();
   const Corners& corners = kScales[pane - 1][static_cast<int>(surface.Kind())];
   surface.Scale(corners.x1, corners.y1, corners.x2, corners.y2);
   PlotItOn(surface, scale.FirstPlotPt, scale.LastPlotPt, pane, array);

@@ -4,6 +4,7 @@
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 #include "plot/axis_scaling.h"
 #include "plot/catalogue.h"
 #include "plot/conversions.h"
@@ -166,6 +167,7 @@ void PlotType_Click() try {
 }
 
 void PlotConvertDataType(std::int16_t plotNumber) try {
+  CleanVectorRegisters();
   // Before the conversions, whose measures need the scales, and behind them, since they decide
   // whether a spectrum is shown.
   GetPlotFreqTimeScale();

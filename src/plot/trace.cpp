@@ -6,6 +6,7 @@
 
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 
 namespace halvorne {
 namespace {
@@ -89,6 +90,7 @@ void Follow(const BoxCurve& curve, const Trace& trace, double y0, PenPath& path)
 }  // namespace
 
 void DrawTrace(Surface& surface, const Trace& trace) {
+  CleanVectorRegisters();
   const BoxCurve curve(trace);
   const double y0 = curve.Y(trace.start);
   PenPath path(surface, {0, std::clamp(y0, kBottom, kTop)});

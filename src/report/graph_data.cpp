@@ -7,6 +7,7 @@
 #include "persistence/value_writer.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
+#include "platform/vector_registers.h"
 #include "plot/plot_state.h"
 #include "report/string_builder.h"
 #include "report/text_exports.h"
@@ -48,6 +49,7 @@ std::string Scientific(double value) {
 /// Gives the table line by line, each as a list of texts, to `line`.
 template <class Line>
 void GraphTable(const TableForm& form, Line line) {
+  CleanVectorRegisters();
   const Abscissa x = AbscissaOf(form);
   line({"Title: " + design.DesignTitle});
   line({"Plot Title: " + plot.PlotTitle});

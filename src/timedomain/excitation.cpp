@@ -8,6 +8,7 @@
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 #include "timedomain/view.h"
 #include "timedomain/zero.h"
 
@@ -43,6 +44,7 @@ void CopyExciteToTemp() try {
 }
 
 void CalcExciteWfm() try {
+  CleanVectorRegisters();
   if (draft.TmpExciteType != kCalculatedBurst) {
     return;
   }

@@ -6,6 +6,7 @@
 
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 #include "timedomain/phasors.h"
 #include "timedomain/plot_points.h"
 #include "timedomain/sample_rate.h"
@@ -79,6 +80,7 @@ void Waveform() try {
   if (wave.WaveformInvalid) {
     return;
   }
+  CleanVectorRegisters();
   Zero(0, design.NoTimePts - 1, wave.ImpulseRe, wave.ImpulseIm);
   for (long i = 0; i <= design.NoFreqPts; ++i) {
     const PlotPoint& point = points.RawData(i);
@@ -116,6 +118,7 @@ void WaveformIFT() try {
 }
 
 void Convolve() try {
+  CleanVectorRegisters();
   Zero(0, TimeCurve::last, exciteCopy);
   for (long i = 0; i < design.NoTimePts; ++i) {
     draft.TmpExciteWfm(i) = wave.ImpulseRe(i);

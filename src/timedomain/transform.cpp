@@ -6,6 +6,7 @@
 
 #include "platform/failure.h"
 #include "platform/numbers.h"
+#include "platform/vector_registers.h"
 #include "timedomain/phasors.h"
 #include "timedomain/transform_passes.h"
 #include "timedomain/wave_state.h"
@@ -93,6 +94,7 @@ void FFTSolve(TimeCurve& re, TimeCurve& im, std::int32_t n, std::int16_t inverse
   if (n < 0 || (n != 0 && !std::has_single_bit(static_cast<std::uint32_t>(n)))) {
     throw Failure(failure_number::kInvalidCall);  // its loops would never end
   }
+  CleanVectorRegisters();
   FillTwiddles(n, inverse != 0 ? 1.0 : -1.0);
   if (inverse != 0) {
     Divide(re.data(), n);

@@ -7,6 +7,7 @@
 
 #include "platform/qt/painter_surface.h"
 #include "platform/qt/trace_thinning.h"
+#include "support/upper_halves.h"
 
 namespace halvorne::testing {
 namespace {
@@ -117,6 +118,16 @@ TEST(ThinTrace, KeepsFirstLowestHighestAndLastOfAColumn) {
   const std::vector<Point> trace{{0.1, 5}, {0.2, 1}, {0.3, 4}, {0.4, 9}, {0.5, 3}, {1.5, 2}};
   const QPolygonF line = ThinTrace(trace, {1, 0}, {1, 0}, 1);
   EXPECT_EQ(line, QPolygonF({{0.1, 5}, {0.2, 1}, {0.4, 9}, {0.5, 3}, {1.5, 2}}));
+}
+
+TEST(ThinTrace, RunsWithCleanVectorRegistersWhateverWasPaintedBefore) {
+  if (!HasUpperHalves()) {
+    GTEST_SKIP() << "the processor has no upper halves";
+  }
+  const std::vector<Point> points = {{0, 0}, {1, 1}};
+  FillUpperHalves();
+  ThinTrace(points, {}, {}, 1);
+  EXPECT_TRUE(AreUpperHalvesClean());
 }
 
 TEST(ThinTrace, KeepsTheOrderInWhichTheExtremesCame) {

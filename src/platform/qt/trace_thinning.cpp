@@ -4,6 +4,8 @@
 #include <cmath>
 #include <cstdint>
 
+#include "platform/vector_registers.h"
+
 namespace halvorne {
 namespace {
 
@@ -47,6 +49,7 @@ QPolygonF ThinTrace(std::span<const Point> points, AxisMap x, AxisMap y, double 
   if (points.empty()) {
     return line;
   }
+  CleanVectorRegisters();
   const auto mapped = [&](const Point& point) { return QPointF(x(point.x), y(point.y)); };
   const auto columnOf = [&](QPointF point) { return std::floor(point.x() * columnsPerUnit); };
   const QPointF start = mapped(points.front());
