@@ -11,8 +11,9 @@ struct FileCloser {
 };
 using FileHandle = std::unique_ptr<std::FILE, FileCloser>;
 
-/// Opens a file to be read. A folder, a pipe or a device is refused at once, without waiting for
-/// whoever writes into the pipe. Raises 53, 70 or 76, and 75 for what is no regular file.
-FileHandle OpenRegularFile(const std::string& fileName);
+/// Opens a file. A folder, a pipe or a device is refused at once, without waiting for whoever has
+/// the other end of the pipe. Raises 53, 70 or 76, and 75 for what is no regular file.
+/// @param mode  as std::fopen has it
+FileHandle OpenRegularFile(const std::string& fileName, const char* mode);
 
 }  // namespace halvorne

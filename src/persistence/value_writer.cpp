@@ -3,6 +3,7 @@
 #include <cerrno>
 
 #include "persistence/file_failure.h"
+#include "persistence/regular_file.h"
 #include "platform/failure.h"
 #include "platform/number_text.h"
 #include "platform/vector_registers.h"
@@ -19,10 +20,7 @@ ValueWriter::ValueWriter() {
 }
 
 ValueWriter::ValueWriter(const std::string& fileName)
-    : fileName_(fileName), file_(std::fopen(fileName.c_str(), "wb")) {
-  if (file_ == nullptr) {
-    RaiseFileFailure(errno, fileName_);
-  }
+    : fileName_(fileName), file_(OpenRegularFile(fileName, "wb").release()) {
   std::setvbuf(file_, nullptr, _IONBF, 0);  // blocks are made here
   text_.reserve(kBlock + kBlock / 4);
   CleanVectorRegisters();

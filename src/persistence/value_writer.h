@@ -17,7 +17,7 @@ class ValueWriter {
  public:
   /// Writes to memory: the lines are had from Text.
   ValueWriter();
-  /// Creates or empties the file. Raises 70, 75 or 76.
+  /// Creates or empties the file. Raises 70 or 76, and 75 at once for a folder, a pipe or a device.
   explicit ValueWriter(const std::string& fileName);
   /// Hands over what is left, in silence.
   ~ValueWriter();

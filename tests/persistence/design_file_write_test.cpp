@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <string>
+#include <sys/stat.h>
 #include <vector>
 
 #include "engine/design_model.h"
@@ -369,10 +370,15 @@ TEST_F(DesignFileWriter, AFullDiskFailsOnceAndKeepsWhatFitted) {
   EXPECT_EQ(Get("out.dat").size(), 1000U);
 }
 
-TEST_F(DesignFileWriter, AFullDeviceFails) {
-  shownMessages.AnswerNext(MessageAnswer::kYes);
-  WriteDesignFile("/dev/full");
-  ExpectSaveFailure(shownMessages);
+TEST_F(DesignFileWriter, ADeviceOrAPipeFailsAtOnceThoughItMayBeOverwritten) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  for (const std::string& name : {std::string("/dev/full"), Path("pipe")}) {
+    shownMessages.Forget();
+    shownMessages.AnswerNext(MessageAnswer::kYes);
+    WriteDesignFile(name);
+    ExpectSaveFailure(shownMessages);
+  }
+  EXPECT_TRUE(std::filesystem::is_fifo(Path("pipe"))) << "and stays what it is";
 }
 
 TEST_F(DesignFileWriter, ACountOutOfBoundsFailsAndKeepsWhatWasWritten) {

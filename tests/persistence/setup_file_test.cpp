@@ -1,5 +1,6 @@
 #include "persistence/setup_file.h"
 
+#include <sys/stat.h>
 #include <vector>
 
 #include "persistence/file_fixture.h"
@@ -153,6 +154,22 @@ TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsTheMessage) {
   writeHalvorneSetup();
   EXPECT_EQ(shownMessages.Lines(),
             (Lines{"ERROR in writeHalvorneSetup of FILES|Error: 76. Path not found"}));
+}
+
+TEST_F(SetupFile, APipeOrAFolderInItsPlaceShowsTheMessageAtOnce) {
+  const auto expectRefusal = [&] {
+    shownMessages.Forget();
+    ReadHalvorneSetup();
+    writeHalvorneSetup();
+    EXPECT_EQ(shownMessages.Lines(),
+              (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 75. Path/File access error",
+                     "ERROR in writeHalvorneSetup of FILES|Error: 75. Path/File access error"}));
+  };
+  ASSERT_EQ(mkfifo(Path("HALVORNESETUP").c_str(), 0600), 0);
+  expectRefusal();
+  std::filesystem::remove(Path("HALVORNESETUP"));
+  std::filesystem::create_directory(Path("HALVORNESETUP"));
+  expectRefusal();
 }
 
 TEST_F(SetupFile, AFullDiskShowsTheMessageAndKeepsTheOldFile) {

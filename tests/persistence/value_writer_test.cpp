@@ -1,6 +1,7 @@
 #include "persistence/value_writer.h"
 
 #include <limits>
+#include <sys/stat.h>
 
 #include "persistence/file_fixture.h"
 
@@ -110,10 +111,19 @@ TEST_F(ValueWriterTest, NothingIsWrittenBehindARefusal) {
   EXPECT_EQ(Get("out").size(), 100000U);
 }
 
-TEST_F(ValueWriterTest, AShortFileOnAFullDeviceIsToldToo) {
-  ValueWriter file("/dev/full");
+TEST_F(ValueWriterTest, AShortFileOnAFullDiskIsToldToo) {
+  ValueWriter file(Path("out"));
   file.Line(1.0);
+  const FullDisk full(0);
   EXPECT_EQ(FailureOf([&] { file.Close(); }), 75);
+}
+
+TEST_F(ValueWriterTest, WhatIsNoRegularFileIsRefusedWithoutBeingWaitedFor) {
+  ASSERT_EQ(mkfifo(Path("pipe").c_str(), 0600), 0);
+  for (const std::string& name :
+       {Path("pipe"), Folder().string(), std::string("/dev/full"), std::string("/dev/null")}) {
+    EXPECT_EQ(FailureOf([&] { const ValueWriter file(name); }), 75) << name;
+  }
 }
 
 }  // namespace
