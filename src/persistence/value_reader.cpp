@@ -4,7 +4,6 @@
 #include <cerrno>
 #include <charconv>
 #include <cstdio>
-#include <filesystem>
 #include <system_error>
 
 #include "persistence/file_failure.h"
@@ -16,7 +15,7 @@
 namespace halvorne {
 namespace {
 
-constexpr std::uintmax_t kMostBytes = std::uintmax_t{64} << 20;
+constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
 bool IsDigit(char c) {
@@ -32,12 +31,13 @@ bool IsSeparator(char c) {
   return c == ',' || IsLineEnd(c);
 }
 
-/// Bytes worth making room for. Files that the system makes as they are read tell no size; their
-/// room costs nothing until it is filled.
-std::size_t Room(const std::string& fileName) {
-  std::error_code unknown;
-  const std::uintmax_t size = std::filesystem::file_size(fileName, unknown);
-  return static_cast<std::size_t>(unknown || size == 0 ? kMostBytes : std::min(size, kMostBytes));
+/// Bytes worth making room for. Asked of the open file, since meanwhile its name may have come to
+/// stand for another. Files that the system makes as they are read tell no size; their room costs
+/// nothing until it is filled.
+std::size_t Room(std::FILE* file) {
+  const long size = std::fseek(file, 0, SEEK_END) == 0 ? std::ftell(file) : 0;
+  std::rewind(file);
+  return size <= 0 ? kMostBytes : std::min(static_cast<std::size_t>(size), kMostBytes);
 }
 
 /// Reads digits with at most one point among them and no exponent, 15 digits at most, and a
@@ -118,8 +118,8 @@ FoundNumber FindNumber(const char* begin, const char* end) {
 
 ValueReader::ValueReader(const std::string& fileName) {
   CleanVectorRegisters();
-  const FileHandle file = OpenRegularFile(fileName);
-  const std::size_t room = Room(fileName);
+  const FileHandle file = OpenRegularFile(fileName, "rb");
+  const std::size_t room = Room(file.get());
   bytes_ = std::make_unique_for_overwrite<char[]>(room + 1);
   const std::size_t size = std::fread(bytes_.get(), 1, room, file.get());
   if (std::ferror(file.get()) != 0) {
