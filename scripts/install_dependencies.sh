@@ -10,7 +10,7 @@ packages_for() {
     build)
       echo g++ cmake ninja-build ccache \
         qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite \
-        fonts-dejavu-core \
+        python3 fonts-dejavu-core \
         libgtest-dev libgmock-dev libbenchmark-dev libfftw3-dev
       ;;
     checks) echo clang-14 clang-format-14 clang-tidy-14 ;;

@@ -1,5 +1,7 @@
 #!/usr/bin/env python3
-"""Builds the two material databases of share/Database from the tables in databases/.
+"""Builds the two material databases from the tables in databases/: make_databases.py [FOLDER]
+
+They go to FOLDER, to share/Database without one.
 
 Each table of a database is one value of the column "Table"; its columns are the others, in their
 order and under their own names. Cells of the number columns become floating-point numbers, empty
@@ -9,6 +11,7 @@ ones NULL. The same input gives the same bytes.
 import csv
 import pathlib
 import sqlite3
+import sys
 
 ROOT = pathlib.Path(__file__).resolve().parent.parent
 DATABASES = {
@@ -51,5 +54,6 @@ def make_database(path, source):
         database.close()
 
 
+folder = pathlib.Path(sys.argv[1]) if len(sys.argv) > 1 else ROOT / "share" / "Database"
 for name, source in DATABASES.items():
-    make_database(ROOT / "share" / "Database" / name, ROOT / "databases" / source)
+    make_database(folder / name, ROOT / "databases" / source)

@@ -23,19 +23,25 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 14>& Options() {
-  static const std::array<Option, 14> options{{
+const std::array<Option, 17>& Options() {
+  static const std::array<Option, 17> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
       {{"form"}, "K", kForm, "index of the data form in the plot's list, from 0; default 0"},
       {{"pane"}, "NAME", kPane, "of an excitation plot: response (default), impulse or excite"},
       {{"size"}, "WxH", kSize, "size of a picture in pixels, 100 to 10000 each way"},
+      {{"table"}, "T", kMaterials, "only the table T"},
+      {{"find"}, "TEXT", kMaterials, "only materials whose name holds TEXT, in whatever case"},
+      {{"material"},
+       "PLACE=TABLE/NAME",
+       kDesign,
+       "give PZMatl(i), FaceMatl(i), BackMatl(i) a material; any number"},
       {{"set"},
        "NAME=VALUE",
        kDesign,
        "set a field of the design, in SI units; any number of times"},
-      {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all --set"},
+      {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all --material and --set"},
       {{"phase"},
        "P",
        kDesign,
@@ -178,6 +184,11 @@ void ReadOutput(const QCommandLineParser& parser, Request& request) {
 }
 
 void ReadSettings(const QCommandLineParser& parser, Request& request) {
+  request.table = Bytes(Value(parser, "table"));
+  request.find = Bytes(Value(parser, "find"));
+  for (const QString& text : parser.values("material")) {
+    request.materials.push_back(ReadMaterialChoice(Bytes(text)));
+  }
   for (const QString& text : parser.values("set")) {
     request.settings.push_back(ReadSetting(Bytes(text)));
   }

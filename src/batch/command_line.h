@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "batch/material_option.h"
 #include "batch/set_option.h"
 
 namespace halvorne::batch {
@@ -17,7 +18,7 @@ struct Command;
 /// What the command line asks for. File names are bytes as the system takes them.
 struct Request {
   const Command* command = nullptr;
-  std::string topic;  ///< help only: what about
+  std::string topic;  ///< of help and of materials: what about
   std::string in;
   std::string out;  ///< empty: standard output
   bool force = false;
@@ -27,7 +28,10 @@ struct Request {
   std::optional<int> form;
   Pane pane = Pane::kResponse;
   QSize size;  ///< pixels of 1/96 inch; not valid when none was given
+  std::vector<MaterialChoice> materials;
   std::vector<Setting> settings;
+  std::string table;  ///< of materials; empty: all
+  std::string find;   ///< of materials: what their names hold
 
   // Display settings, as in the setup file.
   int phase = 0;

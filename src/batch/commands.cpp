@@ -6,6 +6,7 @@
 #include "batch/design_summary.h"
 #include "batch/help_text.h"
 #include "batch/inspection.h"
+#include "batch/material_csv.h"
 #include "batch/output.h"
 #include "batch/plot_pictures.h"
 #include "batch/stops.h"
@@ -107,6 +108,10 @@ void RunInfo(Session& session) {
   WriteOutput(session, DesignSummary());
 }
 
+void RunMaterials(Session& session) {
+  WriteOutput(session, MaterialCsv(session.request));
+}
+
 void RunHelp(Session& session) {
   const std::string& topic = session.request.topic;
   if (!topic.empty() && topic != "fields") {
@@ -144,6 +149,8 @@ constexpr Command kCommands[] = {
     {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
      "the plotted values as a text file for a spreadsheet", RunSaveData},
     {"info", kText, "info IN", "a summary of the design", RunInfo},
+    {"materials", kOutput | kMaterials, "materials [piezo|acoustic] [--table T] [--find TEXT]",
+     "the tables of the material databases as CSV", RunMaterials},
     {"help", kOutput, "help [fields]", "this text, or the fields that --set knows", RunHelp},
     {"--version", kOutput, "--version", "the version of the program", RunVersion},
 };

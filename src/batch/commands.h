@@ -25,7 +25,8 @@ enum Takes : unsigned {
   kPane = 8,     ///< --pane
   kSize = 16,    ///< --size
   kOutput = 32,  ///< -o and --force
-  kNeedsOutput = 64
+  kNeedsOutput = 64,
+  kMaterials = 128  ///< --table and --find
 };
 
 struct Command {

@@ -53,6 +53,8 @@ void ChooseForm(Session& session) {
 
 void OpenDesign(Session& session) {
   const Request& request = session.request;
+  std::vector<MaterialChoice> materials = request.materials;
+  FindMaterials(materials);
   StartDisplay(request);
   design.DataFileName = request.in;
   ReadDesignFile(DesignSource(request.in).Name());
@@ -61,6 +63,7 @@ void OpenDesign(Session& session) {
   }
   EnableItems(true);
   ShowPlotAfterOpen();
+  ApplyMaterials(materials);
   ApplySettings(request.settings);
   if (request.recalc) {
     Recalc();

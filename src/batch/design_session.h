@@ -4,9 +4,10 @@
 
 namespace halvorne::batch {
 
-/// Opens the design with plot 11 on show and the display settings of the request, sets the fields
-/// that it names and calculates anew when it says so. Raises CommandFailed when the file cannot be
-/// read.
+/// Opens the design with plot 11 on show and the display settings of the request, gives it the
+/// materials and sets the fields that the request names, and calculates anew when it says so.
+/// Raises CommandFailed when the file or a material database cannot be read, WrongCommandLine for a
+/// material that is not there.
 void OpenDesign(Session& session);
 
 /// Selects a plot of the open design, with the form of the request or its first one. Raises

@@ -10,8 +10,8 @@ namespace {
 constexpr const char* kHead =
     "halvorne-batch: designs of ultrasonic transducers without a window\n"
     "\n"
-    "The design file IN is opened with its stored curves; then --set, then --recalc, then the\n"
-    "plot and its data form. Results go to standard output unless -o is given.\n"
+    "The design file IN is opened with its stored curves; then --material, then --set, then\n"
+    "--recalc, then the plot and its data form. Results go to standard output unless -o is given.\n"
     "\n"
     "Commands:\n";
 

@@ -31,8 +31,8 @@ constexpr std::array kRooms = {
     Room{"platform/qt", {"qt", "windows"}, kLine},
     Room{"plot/windows", {"plot_windows"}, 11},
     Room{"report/windows", {"report_windows"}, 12},
-    Room{"materials", {"materials"}, 13},
-    Room{"dialogs", {"dialogs"}, 14},
+    Room{"dialogs", {"dialogs"}, 13},
+    Room{"materials", {"materials", "material_stores"}, 14},
     Room{"shell", {"shell"}, 15},
     Room{"batch", {"batch"}, 15},
 };
