@@ -6,12 +6,14 @@
 
 #include "batch/stops.h"
 #include "platform/paths.h"
+#include "platform/program_folder.h"
 #include "platform/qt/text.h"
 
 namespace halvorne::batch {
 
 OpenedStore::OpenedStore(const MaterialStore& store) : store_(store) {
-  SetProgramFolder(QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString());
+  SetProgramFolder(FolderToRead(
+      FindProgramPlace(QFile::encodeName(QCoreApplication::applicationDirPath()).toStdString())));
   connection_ = StoreConnection(store);
   try {
     OpenStore(connection_);

@@ -1,10 +1,20 @@
 #include <QApplication>
 #include <QFile>
+#include <cstdio>
+#include <filesystem>
 
 #include "shell/program.h"
 
 int main(int argc, char** argv) {
   const QApplication application(argc, argv);
+  // The toolkit has taken its own options out; what is left is the design that a desktop hands
+  // over.
+  if (argc > 2 || (argc == 2 && *argv[1] == '-')) {
+    std::fputs("usage: halvorne [DESIGN.dat]\n", stderr);
+    return 2;
+  }
   const QString folder = QCoreApplication::applicationDirPath();
-  return halvorne::RunProgram(QFile::encodeName(folder).toStdString());
+  const std::string design = argc == 2 ? std::filesystem::absolute(argv[1]).string() : "";
+  return halvorne::RunProgram(halvorne::FindProgramPlace(QFile::encodeName(folder).toStdString()),
+                              design);
 }

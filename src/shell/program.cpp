@@ -1,7 +1,9 @@
 #include "shell/program.h"
 
 #include <QApplication>
+#include <QTimer>
 #include <csignal>
+#include <exception>
 #include <memory>
 
 #include "platform/paths.h"
@@ -11,16 +13,35 @@
 #include "shell/frm_startup.h"
 
 namespace halvorne {
+namespace {
 
-int RunProgram(const std::filesystem::path& folder) {
+/// The folder that the program works in: without one of the user's own, what it was installed with,
+/// of which all can be read and nothing written.
+std::filesystem::path WorkingFolder(const ProgramPlace& place) {
+  try {
+    FillProgramFolder(place);
+    return place.folder;
+  } catch (const std::exception& failed) {
+    messages().Show({.title = "Halvorne",
+                     .text = "The program's folder " + place.folder.string() +
+                             " cannot be made, so that no settings are kept.\r\n" + failed.what(),
+                     .icon = MessageIcon::kExclamation});
+    return place.shipped;
+  }
+}
+
+}  // namespace
+
+int RunProgram(const ProgramPlace& place, const std::string& design) {
 #ifdef SIGXFSZ
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow fails its writer, not the program
 #endif
   QApplication::setApplicationName(QStringLiteral("Halvorne"));
   QApplication::setQuitOnLastWindowClosed(false);  // the start-up window is not the program
-  SetProgramFolder(folder);
+  QGuiApplication::setDesktopFileName(QStringLiteral("org.halvorne.halvorne"));
   MessageBoxes boxes;
   SetMessages(&boxes);
+  SetProgramFolder(WorkingFolder(place));
 
   std::unique_ptr<frmHalvorneMain> window;
   auto startup = std::make_unique<frmStartup>([&window] {
@@ -30,6 +51,12 @@ int RunProgram(const std::filesystem::path& folder) {
   });
   startup->Form_Load();
   startup.reset();
+  if (window != nullptr && !design.empty()) {
+    QTimer::singleShot(0, window.get(), [&window, &design] {
+      const Command command;
+      window->OpenDesign(design);
+    });
+  }
   const int status = window != nullptr ? QApplication::exec() : EXIT_FAILURE;
   EndHelp();
   window.reset();

@@ -3,9 +3,11 @@
 #include <QMimeData>
 #include <QTest>
 #include <filesystem>
+#include <fstream>
 #include <functional>
 
 #include "engine/design_model.h"
+#include "platform/paths.h"
 #include "platform/qt/forms.h"
 #include "plot/plot_state.h"
 #include "shell/window_test.h"
@@ -42,7 +44,7 @@ class Program : public WindowTest {
       ADD_FAILURE() << "the program does not end";
       QCoreApplication::exit(EXIT_FAILURE);
     });
-    return RunProgram(Folder());
+    return RunProgram({.folder = Folder(), .shipped = shipped_}, design_);
   }
 
   void OpenByKey(frmHalvorneMain& window, const std::string& path) {
@@ -50,6 +52,9 @@ class Program : public WindowTest {
     QTest::keyClick(&window, Qt::Key_O, Qt::ControlModifier);
     ASSERT_TRUE(plot.DesignOpen);
   }
+
+  std::filesystem::path shipped_;  ///< what the program is installed with
+  std::string design_;             ///< the file it is started with
 
  private:
   QTimer soon_;
@@ -179,6 +184,40 @@ TEST_F(Program, StartsInAnEmptyFolderAndTellsWhatIsMissing) {
               window.close();
             }),
             0);
+}
+
+TEST_F(Program, OpensTheDesignItIsStartedWith) {
+  design_ = MakeDesignFile();
+  EXPECT_EQ(Run([&](frmHalvorneMain& window) {
+              EXPECT_TRUE(QTest::qWaitFor([] { return plot.DesignOpen; }));
+              EXPECT_EQ(window.windowTitle().toStdString(), "Halvorne: " + design_);
+              window.close();
+            }),
+            0);
+}
+
+TEST_F(Program, TellsThatItsFolderCannotBeMadeAndGoesOnWithWhatIsInstalled) {
+  shipped_ = Folder() / "installed";
+  std::filesystem::create_directory(shipped_);
+  for (const char* part : {"HALVORNESETUP", "Database", "HALVORNE.HLP", "DATA"}) {
+    std::filesystem::rename(Folder() / part, shipped_ / part);
+  }
+  std::ofstream(Folder() / "file") << "in the way";
+  script.ExpectForm("MsgBox", [&](QWidget& box) {
+    EXPECT_TRUE(static_cast<QMessageBox&>(box).text().contains(
+        QStringLiteral("cannot be made, so that no settings are kept")));
+    box.close();
+  });
+  QTimer end;
+  QObject::connect(&end, &QTimer::timeout, [] {
+    QWidget* const window = Shown("frmHalvorneMain");
+    if (window != nullptr && window->isActiveWindow()) {
+      window->close();
+    }
+  });
+  end.start(20);
+  EXPECT_EQ(RunProgram({.folder = Folder() / "file" / "halvorne", .shipped = shipped_}), 0);
+  EXPECT_EQ(ProgramFolder(), shipped_);
 }
 
 TEST_F(Program, TakesNoDroppedFileBehindABox) {
