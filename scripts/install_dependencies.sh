@@ -2,6 +2,7 @@
 # Installs the distribution's packages that Halvorne needs, and only those that are missing.
 #
 #   scripts/install_dependencies.sh build    what ./run and ./test need
+#   scripts/install_dependencies.sh package  what the package is made and looked at with
 #   scripts/install_dependencies.sh checks   what the static checks need
 set -euo pipefail
 
@@ -13,9 +14,10 @@ packages_for() {
         python3 fonts-dejavu-core \
         libgtest-dev libgmock-dev libbenchmark-dev libfftw3-dev
       ;;
+    package) echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info ;;
     checks) echo clang-14 clang-format-14 clang-tidy-14 ;;
     *)
-      echo "install_dependencies.sh: unknown set '$1', known are build and checks" >&2
+      echo "install_dependencies.sh: unknown set '$1', known are build, package and checks" >&2
       exit 2
       ;;
   esac
