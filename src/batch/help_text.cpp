@@ -18,6 +18,10 @@ constexpr const char* kHead =
 constexpr const char* kTail =
     "\n"
     "Plots 17, 27 and 34 of a design without an excitation show the response to none.\n"
+    "IN may be /dev/stdin; other pipes and devices are refused. FILE changes only when the result\n"
+    "is whole: after a failure it is what it was. A link is followed, a device or pipe written "
+    "to.\n"
+    "A contact sheet has 100 million pixels at most.\n"
     "A picture's format follows the ending of FILE, .png, .svg or .pdf; without -o it is PNG.\n"
     "Message boxes of the program go to standard error as 'title: text', each once with its\n"
     "count; a question takes its default answer.\n"

@@ -13,11 +13,10 @@
 // A library that is loaded in front of the batch program (LD_PRELOAD). It counts the file calls
 // that touch the folder named in FAILING_FOLDER; the one of the number in FAILING_CALL is refused
 // as by a disk that fails, "EIO", or, with FAILING_KILL set, ends the process in front of it.
-// Standard error tells which call it was.
+// Standard error tells which call it was. With FAILING_UNNAMED set files without a name are
+// unknown, as on some file systems.
 
 namespace {
-
-using Open = int (*)(const char*, int, ...);
 
 template <class Function>
 Function* Real(const char* name) {
@@ -60,6 +59,10 @@ auto CallOn(int file, const char* name, Argument... arguments) {
 }
 
 int OpenNamed(const char* name, const char* path, int flags, mode_t mode) {
+  if ((flags & O_TMPFILE) == O_TMPFILE && std::getenv("FAILING_UNNAMED") != nullptr) {
+    errno = EOPNOTSUPP;
+    return -1;
+  }
   return Fails(name, std::string(path)) ? -1
                                         : Real<int(const char*, int, ...)>(name)(path, flags, mode);
 }

@@ -16,6 +16,14 @@ using ::testing::HasSubstr;
 /// In the format before the present one, so that converting changes it.
 constexpr const char* kOlder = "ndt_2p25mhz_heavy_backing_version_3";
 
+/// What the folder does with the program's calls.
+struct Disk {
+  bool kills = false;        ///< ends the program in place of failing its call
+  bool closed = false;       ///< takes no new file
+  bool knowsUnnamed = true;  ///< knows files without a name
+  bool holdsOlder = true;    ///< has an older output
+};
+
 class BatchOutputSafety : public BatchTest {
  protected:
   BatchOutputSafety() { fs::create_directory(Path("work")); }
@@ -25,15 +33,18 @@ class BatchOutputSafety : public BatchTest {
   }
 
   /// A run of the program in which the file call of that number does not go well.
-  Outcome RunWithFailingCall(const Words& words, int number, bool kill, bool closed) const {
+  Outcome RunWithFailingCall(const Words& words, int number, const Disk& disk) const {
     Surroundings bad;
     bad.environment = {"LD_PRELOAD=" HALVORNE_FAILING_CALLS, "FAILING_FOLDER=" + Path("work"),
                        "FAILING_CALL=" + std::to_string(number), "TMPDIR=" + Path("work"),
                        "XDG_RUNTIME_DIR=" + Path(".")};
-    if (kill) {
+    if (disk.kills) {
       bad.environment.emplace_back("FAILING_KILL=1");
     }
-    bad.rightsCount = closed;
+    if (!disk.knowsUnnamed) {
+      bad.environment.emplace_back("FAILING_UNNAMED=1");
+    }
+    bad.rightsCount = disk.closed;
     return Run(words, bad);
   }
 
@@ -47,23 +58,20 @@ class BatchOutputSafety : public BatchTest {
     return names;
   }
 
-  /// Converts a design in its place with each call failing in turn, and expects it to be the old
-  /// or the new one, whole, after each.
+  /// Converts a design, in its place where there is an older one, with each call failing in turn,
+  /// and expects the older or the newer one, whole, after each.
   /// @return calls that failed, by name
-  std::vector<std::string> ConvertWithEachCallFailing(bool kill, bool closed) const {
-    const std::string older = ReadFile(Shipped(kOlder));
-    Output({"convert", Shipped(kOlder), "-o", Path("expected.dat")});
+  std::vector<std::string> ConvertWithEachCallFailing(const Disk& disk) const {
+    Output({"convert", Shipped(kOlder), "-o", Path("expected.dat"), "--force"});
     const std::string newer = ReadFile(Path("expected.dat"));
+    const std::string older = disk.holdsOlder ? ReadFile(Shipped(kOlder)) : "";
     std::vector<std::string> failed;
-    const std::string file = Path("work/design.dat");
     for (int number = 1; number < 200; ++number) {
-      fs::permissions(Path("work"), fs::perms::owner_all);
-      Write("work/design.dat", older);
-      if (closed) {
-        fs::permissions(Path("work"), fs::perms::owner_read | fs::perms::owner_exec);
-      }
+      LayOut(disk, older);
+      const std::string file = Path("work/design.dat");
+      const std::string from = disk.holdsOlder ? file : Shipped(kOlder);
       const Outcome run =
-          RunWithFailingCall({"convert", file, "-o", file, "--force"}, number, kill, closed);
+          RunWithFailingCall({"convert", from, "-o", file, "--force"}, number, disk);
       const std::string mark = "failing call: ";
       const std::size_t told = run.err.find(mark);
       if (told == std::string::npos) {
@@ -80,10 +88,22 @@ class BatchOutputSafety : public BatchTest {
     return failed;
   }
 
+  void LayOut(const Disk& disk, const std::string& older) const {
+    fs::permissions(Path("work"), fs::perms::owner_all);
+    fs::remove(Path("work/design.dat"));
+    if (disk.holdsOlder) {
+      Write("work/design.dat", older);
+    }
+    if (disk.closed) {
+      fs::permissions(Path("work"), fs::perms::owner_read | fs::perms::owner_exec);
+    }
+  }
+
   void ExpectOneWholeDesign(const Outcome& run, const std::string& older, const std::string& newer,
                             const std::string& call) const {
     const std::string now = ReadFile(Path("work/design.dat"));
     EXPECT_TRUE(now == older || now == newer) << now.size() << " bytes of neither";
+    EXPECT_EQ(fs::exists(Path("work/design.dat")), !now.empty()) << "an empty output was made";
     if (run.status == 0) {
       EXPECT_EQ(now, newer) << "nothing was told, nothing was written";
     } else if (run.status > 0) {
@@ -95,6 +115,7 @@ class BatchOutputSafety : public BatchTest {
       }
       // Killed between its naming and its taking of the place, the new file stands beside, whole.
       EXPECT_EQ(call, "rename") << name << " was left";
+      EXPECT_LT(run.status, 0) << name << " was left";
       EXPECT_EQ(ReadFile(Path("work/" + name)), newer);
       fs::remove_all(Path("work/" + name));
     }
@@ -102,12 +123,24 @@ class BatchOutputSafety : public BatchTest {
 };
 
 TEST_F(BatchOutputSafety, ADesignSurvivesWhateverCallFails) {
-  const auto failed = ConvertWithEachCallFailing(false, false);
+  const auto failed = ConvertWithEachCallFailing({});
   EXPECT_THAT(failed, ::testing::IsSupersetOf({"pwrite", "fsync", "linkat", "rename", "close"}));
 }
 
+TEST_F(BatchOutputSafety, AnOutputThatWasNotThereIsWholeOrIsNotThere) {
+  const auto failed = ConvertWithEachCallFailing({.holdsOlder = false});
+  EXPECT_THAT(failed, ::testing::IsSupersetOf({"pwrite", "fsync", "linkat", "close"}));
+}
+
+TEST_F(BatchOutputSafety, ADesignSurvivesWhereFilesWithoutANameAreUnknown) {
+  for (const bool older : {false, true}) {
+    const auto failed = ConvertWithEachCallFailing({.knowsUnnamed = false, .holdsOlder = older});
+    EXPECT_THAT(failed, ::testing::IsSupersetOf({"open", "pwrite", "fsync", "rename", "close"}));
+  }
+}
+
 TEST_F(BatchOutputSafety, InAFolderThatTakesNoNewFileADesignSurvivesWhateverCallFails) {
-  const auto failed = ConvertWithEachCallFailing(false, true);
+  const auto failed = ConvertWithEachCallFailing({.closed = true});
   EXPECT_THAT(failed, ::testing::IsSupersetOf({"pread", "pwrite", "ftruncate", "fsync", "close"}));
 }
 
@@ -158,7 +191,8 @@ TEST_F(BatchOutputSafety, AnOutputThatIsReplacedKeepsItsRights) {
 }
 
 TEST_F(BatchOutputSafety, AKilledProgramLeavesTheDesignAndNoDraft) {
-  EXPECT_GT(ConvertWithEachCallFailing(true, false).size(), 5U);
+  EXPECT_GT(ConvertWithEachCallFailing({.kills = true}).size(), 5U);
+  EXPECT_GT(ConvertWithEachCallFailing({.kills = true, .holdsOlder = false}).size(), 3U);
 }
 
 }  // namespace
