@@ -134,17 +134,7 @@ void WriteInPlace(const std::string& target, off_t oldSize, std::string_view byt
 /// A file beside the target that is to take its place.
 class Draft {
  public:
-  explicit Draft(const std::string& target) : target_(target) {}
-  ~Draft() {
-    if (!name_.empty()) {
-      unlink(name_.c_str());
-    }
-  }
-  Draft(const Draft&) = delete;
-  Draft& operator=(const Draft&) = delete;
-
-  /// Returns 0, or the errno when the folder takes no new file.
-  int Open() {
+  explicit Draft(const std::string& target) : target_(target) {
     // Without a name: a program that is killed leaves nothing behind.
     int file = open(FolderOf(target_).c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, kUsualRights);
     if (file < 0 && (errno == EOPNOTSUPP || errno == EISDIR || errno == EINVAL)) {
@@ -152,9 +142,15 @@ class Draft {
         return open(name, O_CREAT | O_EXCL | O_WRONLY | O_CLOEXEC, kUsualRights);
       });
     }
-    file_.Take(file);
-    return file < 0 ? errno : 0;
+    file_.Take(Checked(file));
   }
+  ~Draft() {
+    if (!name_.empty()) {
+      unlink(name_.c_str());
+    }
+  }
+  Draft(const Draft&) = delete;
+  Draft& operator=(const Draft&) = delete;
 
   void TakeRightsOf(const struct stat& old) const {
     // Not everybody may give a file away. Whose it is then changes; its content counts more.
@@ -188,10 +184,11 @@ class Draft {
   /// what `make` did at last.
   template <class Make>
   int ForFreeName(Make make) {
+    // Not made from the target's name, which may be as long as a name can be.
+    const std::string stem = FolderOf(target_) + "/.halvorne-" + std::to_string(getpid()) + "-";
     int made = -1;
     for (int k = 0; k < kMostDrafts; ++k) {
-      const std::string name =
-          target_ + ".draft-" + std::to_string(getpid()) + "-" + std::to_string(k);
+      const std::string name = stem + std::to_string(k);
       made = make(name.c_str());
       if (made >= 0) {
         name_ = name;
@@ -208,7 +205,9 @@ class Draft {
   std::string name_;  ///< empty as long as it has none
 };
 
-bool TellsThatNoNewFileIsTaken(int error) {
+/// The folder takes no new file, or lets none of somebody else's be replaced.
+bool IsClosed(const std::system_error& refused) {
+  const int error = refused.code().value();
   return error == EACCES || error == EPERM || error == EROFS;
 }
 
@@ -226,19 +225,19 @@ void WriteWholeFile(const std::string& fileName, std::string_view bytes) {
     // What may not be written to is not replaced either, though its folder would allow it.
     existing.Take(Checked(open(target.c_str(), O_WRONLY | O_CLOEXEC)));
   }
-  Draft draft(target);
-  if (const int error = draft.Open(); error != 0) {
-    if (!there || !TellsThatNoNewFileIsTaken(error)) {
-      Raise(error);
+  try {
+    Draft draft(target);
+    if (there) {
+      draft.TakeRightsOf(old);
+    }
+    draft.Write(bytes);
+    draft.TakePlace();
+  } catch (const std::system_error& refused) {
+    if (!there || !IsClosed(refused)) {
+      throw;
     }
     WriteInPlace(target, old.st_size, bytes);
-    return;
   }
-  if (there) {
-    draft.TakeRightsOf(old);
-  }
-  draft.Write(bytes);
-  draft.TakePlace();
 }
 
 }  // namespace halvorne::batch

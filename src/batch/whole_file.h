@@ -10,8 +10,8 @@ namespace halvorne::batch {
 /// and its target is made where it is missing; one that leads nowhere but in a circle is replaced.
 /// The rights of a file that was there stay.
 ///
-/// Where the folder takes no new file, an existing one is overwritten in place; room for the new
-/// content is found first, and a failure puts the old content back.
+/// Where the folder takes no new file or guards its owner's, an existing one is overwritten in
+/// place; room for the new content is found first, and a failure puts the old content back.
 ///
 /// Raises std::system_error with the errno of the call that was refused; the name then has its old
 /// content, or stands for nothing as before. What is no regular file is refused by EINVAL.

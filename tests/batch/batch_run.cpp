@@ -44,10 +44,11 @@ void TakeInput(const std::string& file) {
   }
 }
 
-/// Takes the right to pass over closed folders from what the process becomes.
+/// Takes the rights to pass over closed folders and over owners from what the process becomes.
 void GiveUpPassingOverRights() {
   if (geteuid() == 0 && (prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE, 0, 0, 0) != 0 ||
-                         prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0) != 0)) {
+                         prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH, 0, 0, 0) != 0 ||
+                         prctl(PR_CAPBSET_DROP, CAP_FOWNER, 0, 0, 0) != 0)) {
     _exit(125);
   }
 }

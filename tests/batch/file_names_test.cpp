@@ -43,6 +43,13 @@ TEST_F(BatchFileNames, AreTakenByteForByteByEveryResult) {
   EXPECT_THAT(ReadFile(graph), HasSubstr("Plot Title"));
 }
 
+TEST_F(BatchFileNames, MayBeAsLongAsTheSystemAllows) {
+  const std::string out = Path(std::string(255, 'x'));
+  Output({"convert", Write("in.dat", bytes), "-o", out});
+  Output({"convert", Path("in.dat"), "-o", out, "--force"});
+  EXPECT_EQ(ReadFile(out), bytes);
+}
+
 TEST_F(BatchFileNames, AreToldByteForByte) {
   const std::string in = Write(kLatin, bytes);
   EXPECT_THAT(Output({"info", in}), HasSubstr(in));

@@ -2,6 +2,7 @@
 #include <filesystem>
 #include <gmock/gmock.h>
 #include <sys/stat.h>
+#include <unistd.h>
 
 #include "batch/batch_run.h"
 
@@ -169,6 +170,24 @@ TEST_F(BatchOutputSafety, InAFolderThatTakesNoNewFileAnOutputIsReplacedByALonger
               1)
         << "a new file in a closed folder";
   }
+}
+
+TEST_F(BatchOutputSafety, InAFolderThatGuardsItsOwnersFilesOneThatAllMayWriteIsOverwritten) {
+  if (geteuid() != 0) {
+    GTEST_SKIP() << "only root may give files away";
+  }
+  constexpr uid_t somebody = 65534;
+  const std::string out = Write("work/out.csv", "older");
+  fs::permissions(out, static_cast<fs::perms>(0666));
+  fs::permissions(Path("work"), static_cast<fs::perms>(01777));
+  ASSERT_EQ(chown(out.c_str(), somebody, somebody), 0);
+  ASSERT_EQ(chown(Path("work").c_str(), somebody, somebody), 0);
+  Surroundings bound;
+  bound.rightsCount = true;
+  const Outcome run = Run({"raw", Shipped(kOlder), "--plot", "11", "-o", out}, bound);
+  EXPECT_EQ(run.status, 0) << run.err;
+  EXPECT_EQ(ReadFile(out), Output({"raw", Shipped(kOlder), "--plot", "11"}));
+  EXPECT_EQ(WorkNames(), std::vector<std::string>{"out.csv"});
 }
 
 TEST_F(BatchOutputSafety, AnOutputThatMayNotBeWrittenToIsNotReplaced) {
