@@ -1,5 +1,6 @@
 #include "platform/qt/modal_dialog.h"
 
+#include <QFocusEvent>
 #include <QKeyEvent>
 #include <QPushButton>
 #include <QRadioButton>
@@ -37,9 +38,40 @@ void ModalDialog::StopAtChosenOptions() {
   }
 }
 
+void ModalDialog::OnPress(QAbstractButton* button, const Procedure& procedure) {
+  connect(button, &QAbstractButton::clicked, this, [button, procedure] {
+    button->setFocus(Qt::OtherFocusReason);
+    procedure();
+  });
+}
+
+ModalDialog::FocusProcedures& ModalDialog::WatchFocus(QWidget* control) {
+  control->installEventFilter(this);
+  return focus_[control];
+}
+
+bool ModalDialog::eventFilter(QObject* watched, QEvent* event) {
+  const auto found = focus_.constFind(watched);
+  if (found != focus_.constEnd()) {
+    if (event->type() == QEvent::FocusIn && found->reached) {
+      found->reached();
+    } else if (event->type() == QEvent::FocusOut && found->left) {
+      const Qt::FocusReason reason = static_cast<QFocusEvent*>(event)->reason();
+      if (reason != Qt::ActiveWindowFocusReason && reason != Qt::PopupFocusReason) {
+        found->left();
+      }
+    }
+  }
+  return QDialog::eventFilter(watched, event);
+}
+
 /// Return gives the default button the focus before it acts, so that the box in which it was typed
-/// is left as by a click.
+/// is left as by a click. Escape presses the cancel button.
 void ModalDialog::keyPressEvent(QKeyEvent* event) {
+  if (cancel_ != nullptr && event->matches(QKeySequence::Cancel)) {
+    cancel_->click();
+    return;
+  }
   if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) {
     for (QPushButton* button : findChildren<QPushButton*>()) {
       if (button->isDefault() && button->isEnabled()) {

@@ -4,7 +4,9 @@
 #include <QButtonGroup>
 #include <QDialog>
 #include <QFrame>
+#include <QHash>
 #include <QLineEdit>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -47,12 +49,35 @@ class ModalDialog : public QDialog {
   void OnChange(QLineEdit* box, void (Dialog::*procedure)()) {
     connect(box, &QLineEdit::textChanged, static_cast<Dialog*>(this), procedure);
   }
-  /// Runs an event procedure when the focus leaves a box. A window in front of the dialog takes
-  /// the focus without leaving.
+  /// The same for element `index` of an array of text boxes.
   template <class Dialog>
-  void OnLeave(QLineEdit* box, void (Dialog::*procedure)()) {
-    connect(box, &QLineEdit::editingFinished, static_cast<Dialog*>(this), procedure);
+  void OnChange(QLineEdit* box, void (Dialog::*procedure)(int), int index) {
+    connect(box, &QLineEdit::textChanged, static_cast<Dialog*>(this), Bound(procedure, index));
   }
+  /// Runs an event procedure when a control gets the focus.
+  template <class Dialog>
+  void OnReach(QWidget* control, void (Dialog::*procedure)()) {
+    WatchFocus(control).reached = Bound(procedure);
+  }
+  /// Runs an event procedure when the focus leaves a control. A menu or a window in front of the
+  /// dialog takes the focus without leaving.
+  template <class Dialog>
+  void OnLeave(QWidget* control, void (Dialog::*procedure)()) {
+    WatchFocus(control).left = Bound(procedure);
+  }
+  /// Runs an event procedure on each press of a button: by the mouse, a key, or as the button that
+  /// Return or Escape presses. The button takes the focus before it acts, so that the box that had
+  /// it is left in every case.
+  template <class Dialog>
+  void OnClick(QAbstractButton* button, void (Dialog::*procedure)()) {
+    OnPress(button, Bound(procedure));
+  }
+  template <class Dialog>
+  void OnClick(QAbstractButton* button, void (Dialog::*procedure)(int), int index) {
+    OnPress(button, Bound(procedure, index));
+  }
+  /// The button that Escape presses. Without one Escape closes the window.
+  void SetCancelButton(QAbstractButton* button) { cancel_ = button; }
   /// The same on the choice of an option button; leaving it runs nothing.
   template <class Dialog>
   void OnChoice(QAbstractButton* option, void (Dialog::*procedure)()) {
@@ -74,11 +99,30 @@ class ModalDialog : public QDialog {
     });
   }
 
+  bool eventFilter(QObject* watched, QEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
   void showEvent(QShowEvent* event) override;
 
  private:
+  using Procedure = std::function<void()>;
+  struct FocusProcedures {
+    Procedure reached, left;
+  };
+
+  template <class Dialog>
+  auto Bound(void (Dialog::*procedure)()) {
+    return [dialog = static_cast<Dialog*>(this), procedure] { (dialog->*procedure)(); };
+  }
+  template <class Dialog>
+  auto Bound(void (Dialog::*procedure)(int), int index) {
+    return [dialog = static_cast<Dialog*>(this), procedure, index] { (dialog->*procedure)(index); };
+  }
+  void OnPress(QAbstractButton* button, const Procedure& procedure);
+  FocusProcedures& WatchFocus(QWidget* control);
   void StopAtChosenOptions();
+
+  QHash<QObject*, FocusProcedures> focus_;
+  QAbstractButton* cancel_ = nullptr;
 };
 
 /// A row of buttons that shows one of several frames in the same place and hides the others.
