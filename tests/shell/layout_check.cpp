@@ -49,6 +49,9 @@ std::vector<const QWidget*> ChildrenOf(const QWidget& widget) {
 /// Width that the text of a control needs; 0 for controls without one.
 int TextWidth(const QWidget& widget) {
   if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
+    if (!label->text().isEmpty() && label->toolTip() == label->text().toHtmlEscaped()) {
+      return 0;  // cut short on purpose, whole in its tool tip
+    }
     int widest = 0;
     for (const QString& line : label->text().split(u'\n')) {
       widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
