@@ -10,18 +10,18 @@
 namespace halvorne {
 
 bool ReadDispersionFile(const std::string& fileName, const char* title,
-                        std::span<const int> slots) {
+                        std::span<const int> chainSlots) {
   const auto takeComment = [&](const std::string& comment) {
     std::string name;
     ExtractFileName(fileName, name);
-    for (const int slot : slots) {
+    for (const int slot : chainSlots) {
       design.VelDispNames(slot, 0) = name;
       design.VelDispNames(slot, 1) = comment;
     }
   };
   const auto takeLine = [&](std::int32_t point, const std::string& line) {
     const double factor = NumberOfText(line);
-    for (const int slot : slots) {
+    for (const int slot : chainSlots) {
       design.VelDisp(slot, point) = factor;
     }
   };

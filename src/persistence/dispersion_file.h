@@ -12,7 +12,8 @@ namespace halvorne {
 /// A failure shows the file box under `title`. A file that cannot be read changes nothing; one with
 /// a line that is no number has given its name, its comment and the points before that line.
 /// @return false when the box was shown
-bool ReadDispersionFile(const std::string& fileName, const char* title, std::span<const int> slots);
+bool ReadDispersionFile(const std::string& fileName, const char* title,
+                        std::span<const int> chainSlots);
 
 /// Takes the file out of a dispersion slot: both names empty, the factor 1 at all points.
 void ClearDispersion(int slot);

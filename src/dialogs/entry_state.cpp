@@ -1,0 +1,7 @@
+#include "dialogs/entry_state.h"
+
+namespace halvorne {
+
+EntryState entry;
+
+}  // namespace halvorne
