@@ -117,7 +117,10 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void mnuEditCopyGraphData_Click();
   void mnuEditCopyStats_Click();
   void mnuEditSaveGraphData_Click();
+  void mnuInputPiezo_Click();
   void mnuInputSz_Click();
+  void mnuInputFP_Click();
+  void mnuInputBP_Click();
   void mnuInputElTerm_Click();
   void mnuOptionsItem_Click(int index);
   void mnuHelpItem_Click(int index);

@@ -3,6 +3,7 @@
 
 #include "dialogs/frm_elec_term_entry.h"
 #include "dialogs/frm_size_entry.h"
+#include "dialogs/input_commands.h"
 #include "platform/failure.h"
 #include "platform/file_failure.h"
 #include "platform/messages.h"
@@ -41,12 +42,15 @@ frmHalvorneMain::Procedure frmHalvorneMain::ProcedureOf(const MenuRow& row) {
     std::string_view name;
     void (frmHalvorneMain::*click)();
   };
-  static constexpr std::array<Single, 6> singles{{
+  static constexpr std::array<Single, 9> singles{{
       {"mnuEditCopyGraph", &frmHalvorneMain::mnuEditCopyGraph_Click},
       {"mnuEditCopyGraphData", &frmHalvorneMain::mnuEditCopyGraphData_Click},
       {"mnuEditCopyStats", &frmHalvorneMain::mnuEditCopyStats_Click},
       {"mnuEditSaveGraphData", &frmHalvorneMain::mnuEditSaveGraphData_Click},
+      {"mnuInputPiezo", &frmHalvorneMain::mnuInputPiezo_Click},
       {"mnuInputSz", &frmHalvorneMain::mnuInputSz_Click},
+      {"mnuInputFP", &frmHalvorneMain::mnuInputFP_Click},
+      {"mnuInputBP", &frmHalvorneMain::mnuInputBP_Click},
       {"mnuInputElTerm", &frmHalvorneMain::mnuInputElTerm_Click},
   }};
   for (const Single& single : singles) {
@@ -124,6 +128,18 @@ void frmHalvorneMain::mnuEditSaveGraphData_Click() try {
 } catch (...) {
   SetMousePointer(kNormalPointer);
   ReportFileFailure("Open Error");
+}
+
+void frmHalvorneMain::mnuInputPiezo_Click() try { EnterPiezoLayers(this); } catch (...) {
+  ReportFailure("mnuInputPiezo_Click", "frmHalvorneMain");
+}
+
+void frmHalvorneMain::mnuInputFP_Click() try { EnterPlates("Face", this); } catch (...) {
+  ReportFailure("mnuInputFP_Click", "frmHalvorneMain");
+}
+
+void frmHalvorneMain::mnuInputBP_Click() try { EnterPlates("Back", this); } catch (...) {
+  ReportFailure("mnuInputBP_Click", "frmHalvorneMain");
 }
 
 void frmHalvorneMain::mnuInputSz_Click() try { frmSizeEntry(this).exec(); } catch (...) {

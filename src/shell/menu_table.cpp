@@ -90,9 +90,6 @@ constexpr std::array kWithoutWindow = std::to_array<std::string_view>({
     "mnuFileItem(6)",     // the print command
     "cmdPrintReport",     //
     "mnuEditCopyInputs",  // the parameter text
-    "mnuInputPiezo",      // frmPiezoEntry
-    "mnuInputFP",         // frmFaceEntry
-    "mnuInputBP",         //
     "mnuInputLoad",       // frmAcoustLoad
     "mnuInputElNet",      // frmElNetEntry
     "mnuInputFreqPts",    // frmFreqEntry
