@@ -71,7 +71,8 @@ std::string MaterialCsv(const Request& request) {
     if (!request.table.empty() && !opened.Has(request.table)) {
       continue;
     }
-    csv += (found ? "\n" : "") + Header(opened);
+    csv += found ? "\n" : "";
+    csv += Header(opened);
     found = true;
     for (const std::string& table : opened.Tables()) {
       if (request.table.empty() || table == request.table) {
