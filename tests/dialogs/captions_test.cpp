@@ -6,7 +6,10 @@
 #include <vector>
 
 #include "dialogs/dialog_driver.h"
+#include "dialogs/entry_state.h"
 #include "dialogs/frm_elec_term_entry.h"
+#include "dialogs/frm_face_entry.h"
+#include "dialogs/frm_piezo_entry.h"
 #include "dialogs/frm_size_entry.h"
 #include "engine/design_model.h"
 #include "plot/plot_select.h"
@@ -30,6 +33,12 @@ std::unique_ptr<QDialog> Make() {
   return std::make_unique<Dialog>();
 }
 
+/// The loaded instance of the plates, which goes with the pointer.
+std::unique_ptr<QDialog> MakePlates() {
+  entry.PlateSide = "Back";
+  return std::unique_ptr<QDialog>(&frmFaceEntry::Loaded(nullptr));
+}
+
 const std::vector<Words> kWords{
     {"frmSizeEntry",
      Make<frmSizeEntry>,
@@ -42,6 +51,50 @@ const std::vector<Words> kWords{
      {"cmdElecOK: OK", "cmdElecCancel: Cancel"},
      {},
      {"Transmitter Output Impedance", "Receiver Input Impedance", "Ohms"}},
+    {"frmPiezoEntry",
+     Make<frmPiezoEntry>,
+     {"CmdView(0): Thickness", "CmdView(1): Material", "CmdView(2): Dispersion",
+      "chkPZVelDisp: Velocity dispersion", "optPiezoNum(0): One", "optPiezoNum(1): Two",
+      "optPZConnect(0): Series", "optPZConnect(1): Parallel", "optPZLayer(0): Rear",
+      "optPZLayer(1): Front", "cmdOpenPiezoDB: Open Database", "CmdLoadFile: Select File",
+      "cmdPiezoOK: OK", "cmdPiezoCancel: Cancel"},
+     {"Thickness", "Frequencies", "Number of piezoelectric layers:", "Electrical connection:",
+      "Material", "Piezoelectric layer", "Derived parameters", "Dispersion"},
+     {"Layer", "Rear", "Front", "Thickness in Lambdas at Fd", "Thickness in mm", "Polarity +/-",
+      "Material name", "Longitudinal velocity", "Shear velocity", "Density",
+      "Clamped dielectric constant", "Coupling coefficient kt", "Electrical loss tangent",
+      "Mechanical loss tangent", "Vendor", "Data source", "m/sec", "kg/m^3", "Current PZT Layer"}},
+    {"frmFaceEntry",
+     MakePlates,
+     {"CmdView(0): Thickness", "CmdView(1): Material", "CmdView(2): Dispersion",
+      "chkAcVelDisp: Velocity dispersion",
+      "CmdFaceNumberUP: ", "CmdFaceNumberDown: ", "CmdMatlLayerUp: ", "CmdMatlLayerDown: ",
+      "CmdLayerUp: ", "CmdLayerDown: ", "cmdOpenAcousticDB: Open Database",
+      "CmdLoadFile: Select File", "cmdFaceOK: OK", "cmdFaceCancel: Cancel"},
+     {"Thickness", "Material", "Derived parameters", "Dispersion"},
+     {"Number of Backplates",
+      "Material",
+      "Longit. Z MRayls",
+      "Rel. Area",
+      "Thickness in Lambdas at Fd",
+      "Thickness in mm",
+      "Material name",
+      "Longitudinal velocity",
+      "Shear velocity",
+      "Density",
+      "Loss",
+      "Loss frequency",
+      "Loss exponent",
+      "Vendor",
+      "Formula",
+      "Comments",
+      "Data source",
+      "m/sec",
+      "kg/m^3",
+      "dB/cm",
+      "MHz",
+      "Current layer",
+      "Current Backplate"}},
     {"frmPlotScaleEntry",
      Make<frmPlotScaleEntry>,
      {"CmdShow(0): Amplitude", "CmdShow(1): Frequency", "CmdShow(2): Time", "optAmplAuto: Auto",
