@@ -27,7 +27,8 @@ int main(int argc, char** argv) {
   const QGuiApplication application(count, argv);
   const QuietProgram program;
   std::vector<Row> rows;
-  for (const auto subject : {SweepRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
+  for (const auto subject :
+       {SweepRows, PaintedRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
     const std::vector<Row> more = subject();
     rows.insert(rows.end(), more.begin(), more.end());
   }

@@ -12,6 +12,8 @@ std::vector<Row> SweepRows();
 std::vector<Row> TransformRows();
 /// Design file beside bare number conversions.
 std::vector<Row> DesignFileRows();
+/// The sweep right behind a painted window beside one in a process without the toolkit.
+std::vector<Row> PaintedRows();
 /// The main picture beside one polyline of the toolkit's.
 std::vector<Row> RedrawRows();
 /// Start and memory of the desktop program beside an empty window.

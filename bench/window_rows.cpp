@@ -1,9 +1,9 @@
-#include <QProcess>
 #include <QProcessEnvironment>
 #include <QTemporaryDir>
 #include <filesystem>
 
 #include "bench_designs.h"
+#include "child_program.h"
 #include "engine/frequency_sweep.h"
 #include "persistence/design_file.h"
 #include "subjects.h"
@@ -41,21 +41,11 @@ struct Reading {
 };
 
 Reading ReadProbe(benchmark::State& state, const QString& program, const QString& design) {
-  constexpr int patience = 60'000;  // ms
-  QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-  environment.insert(QStringLiteral("QT_QPA_PLATFORM"), QStringLiteral("offscreen"));
+  QProcessEnvironment environment;
   environment.insert(QStringLiteral("LD_PRELOAD"), QStringLiteral(HALVORNE_BENCH_PROBE));
   environment.insert(QStringLiteral("HALVORNE_BENCH_DESIGN"), design);
   environment.insert(QStringLiteral("HALVORNE_BENCH_ACTION"), QStringLiteral("mnuViewTxExcite"));
-  QProcess process;
-  process.setProcessEnvironment(environment);
-  process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-  process.start(program, QStringList());
-  if (!process.waitForFinished(patience)) {
-    process.kill();
-    process.waitForFinished();
-  }
-  const QByteArrayList words = process.readAllStandardOutput().simplified().split(' ');
+  const QByteArrayList words = WordsOf(program, environment);
   if (words.size() != 2) {
     state.SkipWithError("no first paint");
     return {};

@@ -1,0 +1,30 @@
+#include <QApplication>
+#include <QImage>
+#include <QPainter>
+#include <QWidget>
+
+#include "timed_sweep.h"
+
+// The sweep right behind the painting of a window.
+
+namespace {
+
+class Picture final : public QWidget {
+ protected:
+  void paintEvent(QPaintEvent* /*event*/) override {
+    QImage image(size(), QImage::Format_RGB32);
+    image.fill(Qt::white);
+    QPainter(this).drawImage(0, 0, image);
+  }
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  const QApplication application(argc, argv);
+  Picture window;
+  window.resize(1024, 768);
+  window.show();
+  QApplication::processEvents();
+  halvorne::bench::PrintSweepTime([&window] { window.repaint(); });
+}
