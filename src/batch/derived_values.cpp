@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <string>
 
+#include "batch/stops.h"
 #include "engine/acoustic_sections.h"
 #include "engine/design_model.h"
 #include "engine/piezo_section.h"
@@ -23,6 +25,10 @@ void MakeExcitation() {
   CopyExciteToTemp();
   if (design.ExciteType < kToneBurst) {
     draft.TmpExcitePoints = -1;
+  }
+  if (draft.TmpExcitePoints < -1 || draft.TmpExcitePoints > kLastTimePoint) {
+    throw CommandFailed("the design's ExcitePoints, " + std::to_string(draft.TmpExcitePoints) +
+                        ", must be from 0 to " + std::to_string(kLastTimePoint));
   }
   CalcExciteWfm();
   design.ExciteLength = draft.TmpExcitePoints;

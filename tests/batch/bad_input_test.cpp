@@ -83,8 +83,9 @@ TEST_F(BatchBadInput, CountsOutOfBoundsAreRefused) {
 
 TEST_F(BatchBadInput, ImpossiblePointCountsEndInABoxAndNotInACrash) {
   const std::size_t points = LineOf(good, "\"[ Number of points in frequency, time domains ]\"");
-  for (const char* counts : {"16001,4096", "2000000000,4096", "-1,4096", "0,4096", "275,0",
-                             "275,-5", "275,1000", "275,70000", "275,2147483647"}) {
+  for (const char* counts :
+       {"16001,4096", "2000000000,4096", "-1,4096", "0,4096", "275,0", "275,-5", "275,-2147483648",
+        "275,1000", "275,70000", "275,2147483647"}) {
     const std::string file = Write("counts", WithLine(good, points + 1, counts));
     for (const char* plot : {"17", "33"}) {
       const Outcome run = Run({"data", file, "--plot", plot, "--accept-aliasing", "--recalc"});
@@ -92,6 +93,20 @@ TEST_F(BatchBadInput, ImpossiblePointCountsEndInABoxAndNotInACrash) {
       EXPECT_NE(run.err, "") << counts;
       EXPECT_LE(run.peakKib, kMostKib) << counts;
     }
+  }
+}
+
+TEST_F(BatchBadInput, ABurstOfImpossiblePointCountIsNotSampledAnew) {
+  const std::size_t generator = LineOf(good, "\"[ Function Generator Settings ]\"") + 1;
+  for (const char* count : {"65536", "70000", "2147483647", "-2", "-2147483648"}) {
+    const std::string settings = std::string("1,3000000,5,1E-06,0,") + count;
+    const std::string file = Write("burst", WithLine(good, generator, settings));
+    const Outcome run = Run({"data", file, "--plot", "17", "--set", "ExciteCycles=2"});
+    EXPECT_EQ(run.status, 1) << count;
+    EXPECT_NE(run.err.find("the design's ExcitePoints, " + std::string(count) + ", must be"),
+              std::string::npos)
+        << run.err;
+    EXPECT_EQ(run.out, "");
   }
 }
 
