@@ -3,6 +3,7 @@
 #include <charconv>
 
 #include "plot/plot_state.h"
+#include "timedomain/sample_rate.h"
 
 namespace halvorne::batch {
 namespace {
@@ -58,7 +59,7 @@ std::string RawTable() {
 std::string DataTable(Pane pane) {
   const TimePoints& data = PointsOf(pane);
   const bool time = IsTimePlot(view.CurrentPlot);
-  const std::int32_t last = time ? design.NoTimePts - 1 : design.NoFreqPts;
+  const std::int32_t last = time ? LastSample() : design.NoFreqPts;
   std::string text = "x,y1,y2\n";
   for (std::int32_t i = 0; i <= last; ++i) {
     AppendRow(text, time ? Quotient(i, design.SampleRateHz) : FrequencyAt(i), data(i).Y1);

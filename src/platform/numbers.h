@@ -24,6 +24,11 @@ inline double Sgn(double x) {
   return static_cast<double>((x > 0) - (x < 0));
 }
 
+/// a - b, which 32 bits need not hold.
+inline double Difference(std::int32_t a, std::int32_t b) {
+  return static_cast<double>(a) - b;
+}
+
 /// Logarithm to base 10 as Log(|x|)/Log(10), with 0 taken as 1e-38; never a failure.
 ///
 /// Kept: the argument that was really used is written back, so a negative variable comes back

@@ -23,11 +23,11 @@ float BelowTop(float max) {
 /// Looks at the middle of the span, so that band-edge excursions don't set the scale.
 void AutoScaleFrequency(const TimePoints& array) {
   const double edge = (1 - setup.AmplWindowPercent / 100.0) * 0.5;
-  const std::int32_t skipped = ToInt32(Int(edge * (scale.LastPlotPt - scale.FirstPlotPt)));
-  std::int32_t low = skipped + scale.FirstPlotPt;
-  std::int32_t high = scale.LastPlotPt - skipped;
+  const std::int32_t skipped = ToInt32(Int(edge * Difference(scale.LastPlotPt, scale.FirstPlotPt)));
+  std::int32_t low = ToInt32(static_cast<double>(skipped) + scale.FirstPlotPt);
+  std::int32_t high = ToInt32(Difference(scale.LastPlotPt, skipped));
   if (high <= low) {
-    high = low + 1;
+    high = ToInt32(low + 1.0);
   }
   low = std::max(low, scale.FirstPlotPt);
   high = std::min(high, scale.LastPlotPt);

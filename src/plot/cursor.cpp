@@ -18,8 +18,8 @@ constexpr const char* kWindow = "frmHalvorneMain";
 /// Takes CursorX from the scroll bar.
 void PlaceCursor() {
   const MainWindow& window = mainWindow();
-  const std::int32_t offset = window.CursorValue() - window.CursorMin();
-  const std::int32_t span = window.CursorMax() - window.CursorMin();
+  const double offset = Difference(window.CursorValue(), window.CursorMin());
+  const double span = Difference(window.CursorMax(), window.CursorMin());
   measured.CursorX = ToSingle(Quotient(offset * 10.0, span));
 }
 
@@ -36,9 +36,9 @@ std::string PositionText(std::int32_t point) {
     unit = view.TimeUnit;
   } else {
     const double span = double{scale.PlotFreqUpper} - scale.PlotFreqLower;
-    const double frequency =
-        Quotient(span * (point - scale.FirstPlotPt), scale.LastPlotPt - scale.FirstPlotPt) +
-        scale.PlotFreqLower;
+    const double frequency = Quotient(span * Difference(point, scale.FirstPlotPt),
+                                      Difference(scale.LastPlotPt, scale.FirstPlotPt)) +
+                             scale.PlotFreqLower;
     position = Quotient(frequency, design.FreqScale);
     unit = design.FreqUnit;
   }
@@ -94,8 +94,8 @@ void Cursor1_Click() try {
   if (!measured.CursorOn) {
     window.SetCursorMin(scale.FirstPlotPt);
     window.SetCursorMax(scale.LastPlotPt);
-    const std::int32_t span = window.CursorMax() - window.CursorMin();
-    window.SetCursorValue(ToInt32(Int(span / 2.0)) + window.CursorMin());
+    const double span = Difference(window.CursorMax(), window.CursorMin());
+    window.SetCursorValue(ToInt32(Int(span / 2.0) + window.CursorMin()));
   }
   measured.CursorOn = !measured.CursorOn;
   if (measured.CursorOn) {

@@ -82,7 +82,7 @@ void DrawFirstTrace(Surface& surface, std::int32_t first, std::int32_t last,
                       .channel = &PlotPoint::Y1,
                       .start = first,
                       .origin = first,
-                      .intervals = last - first,
+                      .intervals = ToInt32(Difference(last, first)),
                       .min = scale.LeftMin,
                       .max = scale.LeftMax});
 }
@@ -100,7 +100,7 @@ void DrawSecondTrace(Surface& surface, std::int32_t first, std::int32_t last,
                       .start = first,
                       .origin = origin,
                       // Kept: counted in 16 bits.
-                      .intervals = ToInt16(end - origin),
+                      .intervals = ToInt16(Difference(end, origin)),
                       .min = scale.RightMin,
                       .max = scale.RightMax});
   surface.SetDrawStyle(kSolid);

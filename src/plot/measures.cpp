@@ -7,6 +7,7 @@
 #include "platform/number_text.h"
 #include "platform/numbers.h"
 #include "plot/conversions.h"
+#include "timedomain/sample_rate.h"
 
 namespace halvorne {
 namespace {
@@ -85,7 +86,7 @@ void CFBWCalc(MeasureBuffer& array, std::int16_t dBFactor) try {
 void PulseWidthCalc(MeasureBuffer& array) try {
   double max = 0;
   double min = 0;
-  ArrayMaxMin(array, 0, design.NoTimePts - 1, max, min);
+  ArrayMaxMin(array, 0, LastSample(), max, min);
   if (std::abs(min) > max) {
     max = std::abs(min);
   }

@@ -39,7 +39,7 @@ void Differentiate() {
   const double degreesPerSecond =
       Finite(Quotient((design.FreqStop - design.FreqStart) * -360.0, last));
   double previous = points.RawData(0).Y2;
-  for (std::int32_t i = 1; i <= last - 1; ++i) {
+  for (std::int32_t i = 1; i < last; ++i) {
     const double difference = (points.RawData(i + 1).Y2 - previous) / 2;
     double& value = points.RawData(i).Y2;
     previous = value;

@@ -66,7 +66,7 @@ void MultiplyBand() {
 /// Kept: the bin of frequency zero is doubled with the rest.
 void MakeExcitationAnalytic() {
   const long half = design.NoTimePts / 2;
-  Zero(half, design.NoTimePts - 1, exciteCopy, wave.ExciteIm);
+  Zero(half, LastSample(), exciteCopy, wave.ExciteIm);
   for (long i = 0; i < half; ++i) {
     exciteCopy(i) = Finite(2 * exciteCopy(i));
     wave.ExciteIm(i) = Finite(2 * wave.ExciteIm(i));
@@ -81,7 +81,7 @@ void Waveform() try {
     return;
   }
   CleanVectorRegisters();
-  Zero(0, design.NoTimePts - 1, wave.ImpulseRe, wave.ImpulseIm);
+  Zero(0, LastSample(), wave.ImpulseRe, wave.ImpulseIm);
   for (long i = 0; i <= design.NoFreqPts; ++i) {
     const PlotPoint& point = points.RawData(i);
     wave.ImpulseRe(i) = Finite(2 * point.Y1);
@@ -132,7 +132,7 @@ void Convolve() try {
   Zero(0, design.NoFreqPts, wave.ImpulseSpec, wave.ExciteSpec, wave.ResponseSpec);
   Zero(0, wave.ConvLoIdx - 1L, wave.ResponseRe, wave.ResponseIm);
   MultiplyBand();
-  Zero(wave.ConvHiIdx + 1L, design.NoTimePts - 1, wave.ResponseRe, wave.ResponseIm);
+  Zero(wave.ConvHiIdx + 1L, LastSample(), wave.ResponseRe, wave.ResponseIm);
   MakeExcitationAnalytic();
   FFTInvCalc(exciteCopy, wave.ExciteIm, design.NoTimePts);
   FFTInvCalc(wave.ResponseRe, wave.ResponseIm, design.NoTimePts);

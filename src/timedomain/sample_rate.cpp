@@ -82,6 +82,10 @@ void ValidIFT(bool& invalid) try {
   ReportFailure("ValidIFT", "FFT");
 }
 
+std::int32_t LastSample() {
+  return ToInt32(design.NoTimePts - 1.0);
+}
+
 double Roundit(double value, std::int32_t digits) try {
   // Kept: the digits are cut off.
   return Finite(std::pow(10.0, -digits) * Fix(Finite(std::pow(10.0, digits) * value)));

@@ -1,5 +1,7 @@
 #include "plot/axis_scaling.h"
 
+#include <limits>
+
 #include "plot/catalogue.h"
 #include "plot/plot_state.h"
 #include "plot/shown_plot.h"
@@ -343,6 +345,16 @@ TEST_F(AxisScaling, ASampleRateOfZeroIsReportedAfterThePointsWereSet) {
                 "ERROR in GetPlotFreqTimeScale of PLOTIT|Error: 11. Division by zero"});
   EXPECT_EQ(scale.LastPlotPt, 128);
   EXPECT_EQ(scale.TimeUpper, 3);
+}
+
+TEST_F(AxisScaling, ASpanThatIsNoNumberOf32BitsIsReported) {
+  Show(11, 0);
+  setup.AmplWindowPercent = 200;
+  scale.FirstPlotPt = 0;
+  scale.LastPlotPt = std::numeric_limits<std::int32_t>::min();
+  GetAmplScale(points.PlotData, true);
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in GetAmplScale of PLOTIT|Error: 6. Overflow"});
 }
 
 }  // namespace

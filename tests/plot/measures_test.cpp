@@ -1,6 +1,7 @@
 #include "plot/measures.h"
 
 #include <cmath>
+#include <limits>
 
 #include "platform/numbers.h"
 #include "support/fresh_program.h"
@@ -256,6 +257,13 @@ TEST_F(Measures, ATimeScaleOfZeroIsReportedAndLeavesThePeak) {
       shownMessages.Lines(),
       std::vector<std::string>{"ERROR in PulseWidthCalc of PLOTIT|Error: 11. Division by zero"});
   EXPECT_EQ(measured.PeakAmpl, 77);
+}
+
+TEST_F(Measures, AWaveformOfTheSmallestOfAllCountsHasNoWidth) {
+  design.NoTimePts = std::numeric_limits<std::int32_t>::min();
+  PulseWidthCalc(plot.MeasBuf);
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in PulseWidthCalc of PLOTIT|Error: 6. Overflow"});
 }
 
 }  // namespace

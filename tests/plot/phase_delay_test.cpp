@@ -1,5 +1,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "plot/conversions.h"
 #include "plot/plot_state.h"
@@ -152,6 +153,19 @@ TEST_F(PhaseDelayTest, ASweepWithoutWidthFailsInTheDelayOnly) {
   EXPECT_EQ(shownMessages.Lines(),
             std::vector<std::string>{"ERROR in PhaseDelay of PLOTIT|Error: 11. Division by zero"});
   EXPECT_EQ(Phase(2), 20);
+}
+
+TEST_F(PhaseDelayTest, ACurveOfNegativeCountHasNoPhases) {
+  for (const std::int32_t count : {-1, std::numeric_limits<std::int32_t>::min()}) {
+    SetPhases({1, 2, 3, 4});
+    design.NoFreqPts = count;
+    Convert(2);
+    EXPECT_EQ(Phase(3), 4);
+    EXPECT_EQ(
+        shownMessages.Lines(),
+        std::vector<std::string>{"ERROR in PhaseDelay of PLOTIT|Error: 9. Subscript out of range"});
+    shownMessages.Forget();
+  }
 }
 
 }  // namespace

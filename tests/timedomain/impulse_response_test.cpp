@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <cmath>
 #include <gtest/gtest.h>
+#include <limits>
 
 #include "support/fresh_program.h"
 #include "timedomain/responses.h"
@@ -174,6 +175,18 @@ TEST_F(ImpulseResponse, FailsForMoreSamplesThanThereIsRoomFor) {
   Waveform();
   EXPECT_EQ(shownMessages.Lines(),
             std::vector<std::string>{"ERROR in Waveform of FFT|Error: 9. Subscript out of range"});
+}
+
+TEST_F(ImpulseResponse, FailsForTheSmallestOfAllCounts) {
+  Sweep(1e6, 9e6, 16, 256);
+  design.NoTimePts = std::numeric_limits<std::int32_t>::min();
+  Waveform();
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in Waveform of FFT|Error: 6. Overflow"});
+  shownMessages.Forget();
+  design.FreqStart = 0;
+  Convolve();
+  EXPECT_EQ(shownMessages.Lines().back(), "ERROR in Convolve of FFT|Error: 6. Overflow");
 }
 
 TEST_F(ImpulseResponse, FailsWhereItsFrequenciesAreShiftedByNothing) {
