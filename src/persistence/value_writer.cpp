@@ -1,5 +1,6 @@
 #include "persistence/value_writer.h"
 
+#include <algorithm>
 #include <cerrno>
 
 #include "persistence/file_failure.h"
@@ -10,6 +11,9 @@
 
 namespace halvorne {
 namespace {
+
+/// The largest number of 15 digits; rounded up to so many, one above it could not be read again.
+constexpr double kLargest = 1.79769313486231E308;
 
 constexpr std::size_t kBlock = std::size_t{64} << 10;
 
@@ -59,7 +63,8 @@ void ValueWriter::Write(std::string_view value) {
 
 void ValueWriter::Write(double value) {
   char digits[kNumberTextMax];
-  text_.append(digits, WriteNumber(digits, Finite(value)));
+  const double bounded = std::clamp(Finite(value), -kLargest, kLargest);
+  text_.append(digits, WriteNumber(digits, bounded));
 }
 
 void ValueWriter::Write(float value) {

@@ -45,6 +45,13 @@ TEST_F(ValueWriterTest, NumbersHaveTheirGeneralForm) {
             "4,0.1,10000000,999999999999999,1E+15,0.0001,1.5E-06,0.333333333333333,0\r\n");
 }
 
+TEST_F(ValueWriterTest, TheLargestNumberCanBeReadAgain) {
+  constexpr double largest = std::numeric_limits<double>::max();
+  EXPECT_EQ(LineOf(largest, -largest), "1.79769313486231E+308,-1.79769313486231E+308\r\n")
+      << "rounded to 15 digits it would be more than any number";
+  EXPECT_EQ(LineOf(std::numeric_limits<float>::max()), "3.402823E+38\r\n");
+}
+
 TEST_F(ValueWriterTest, WhatIsNoNumberIsNotWritten) {
   EXPECT_EQ(FailureOf([&] { LineOf(std::numeric_limits<double>::infinity()); }), 6);
   EXPECT_EQ(FailureOf([&] { LineOf(std::numeric_limits<double>::quiet_NaN()); }), 6);
