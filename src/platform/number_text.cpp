@@ -14,6 +14,7 @@ namespace halvorne {
 namespace {
 
 /// Digits with the point behind the first exponent + 1 of them, -4 <= exponent.
+/// @param count  digits without the zeros at their end; those before the point are written even so
 char* WriteFixed(char* out, const char* digits, int count, int exponent) {
   if (exponent < 0) {
     *out++ = '0';
@@ -43,11 +44,10 @@ char* WriteScientific(char* out, const char* digits, int count, int exponent) {
 char* WriteDigits(char* out, const SignificantDigits& number, int most) {
   char digits[kNumberTextMax];
   int count = static_cast<int>(std::to_chars(digits, digits + most, number.digits).ptr - digits);
-  const bool fixed = number.exponent >= -4 && number.exponent < most;
-  const int least = fixed ? std::max(number.exponent, 0) + 1 : 1;
-  while (count > least && digits[count - 1] == '0') {
+  while (count > 1 && digits[count - 1] == '0') {
     --count;
   }
+  const bool fixed = number.exponent >= -4 && number.exponent < most;
   return fixed ? WriteFixed(out, digits, count, number.exponent)
                : WriteScientific(out, digits, count, number.exponent);
 }

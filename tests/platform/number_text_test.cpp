@@ -29,18 +29,20 @@ TEST_P(NumberText64, IsTheGeneralFormOfFifteenDigits) {
   EXPECT_EQ(NumberText(GetParam().value), GetParam().text);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, NumberText64,
-                         ::testing::Values(Row64{0, "0"}, Row64{-0.0, "0"}, Row64{1, "1"},
-                                           Row64{-2.5, "-2.5"}, Row64{0.1, "0.1"},
-                                           Row64{1.0 / 3, "0.333333333333333"},
-                                           Row64{2e15 / 3, "666666666666667"},
-                                           Row64{123456789012345678.0, "1.23456789012346E+17"},
-                                           Row64{0.0001, "0.0001"}, Row64{0.00009999, "9.999E-05"},
-                                           Row64{999999999999999, "999999999999999"},
-                                           Row64{1e15, "1E+15"}, Row64{999999999999999.9, "1E+15"},
-                                           Row64{1e100, "1E+100"}, Row64{-1.5e-300, "-1.5E-300"},
-                                           Row64{4.94065645841247e-324, "4.94065645841247E-324"},
-                                           Row64{0.1 + 0.2, "0.3"}, Row64{1e6, "1000000"}));
+INSTANTIATE_TEST_SUITE_P(
+    Values, NumberText64,
+    ::testing::Values(Row64{0, "0"}, Row64{-0.0, "0"}, Row64{1, "1"}, Row64{-2.5, "-2.5"},
+                      Row64{0.1, "0.1"}, Row64{1.0 / 3, "0.333333333333333"},
+                      Row64{2e15 / 3, "666666666666667"},
+                      Row64{123456789012345678.0, "1.23456789012346E+17"}, Row64{0.0001, "0.0001"},
+                      Row64{0.00009999, "9.999E-05"}, Row64{999999999999999, "999999999999999"},
+                      Row64{1e15, "1E+15"}, Row64{999999999999999.9, "1E+15"},
+                      Row64{1e100, "1E+100"}, Row64{-1.5e-300, "-1.5E-300"},
+                      Row64{4.94065645841247e-324, "4.94065645841247E-324"},
+                      Row64{0.1 + 0.2, "0.3"}, Row64{1e6, "1000000"},
+                      // Not whole before they are rounded.
+                      Row64{1234560.0000000002, "1234560"}, Row64{10.000000000000002, "10"},
+                      Row64{999999999999990.1, "999999999999990"}));
 
 TEST_P(NumberText32, IsTheGeneralFormOfSevenDigits) {
   EXPECT_EQ(NumberText(GetParam().value), GetParam().text);
@@ -52,7 +54,9 @@ INSTANTIATE_TEST_SUITE_P(Values, NumberText32,
                                            Row32{1e6F, "1000000"}, Row32{9999999.0F, "9999999"},
                                            Row32{1e7F, "1E+07"}, Row32{0.0001F, "0.0001"},
                                            Row32{0.000015F, "1.5E-05"}, Row32{-2.5e20F, "-2.5E+20"},
-                                           Row32{3.402823e38F, "3.402823E+38"}));
+                                           Row32{3.402823e38F, "3.402823E+38"},
+                                           Row32{1234560.125F, "1234560"},
+                                           Row32{4000000.25F, "4000000"}));
 
 TEST(NumberText, HasNoSignOnWhatRoundsAwayButKeepsThatOfANumber) {
   EXPECT_EQ(NumberText(-1e-308), "-1E-308");
