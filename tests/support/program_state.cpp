@@ -1,4 +1,4 @@
-#include "support/fresh_program.h"
+#include "support/program_state.h"
 
 #include "engine/acoustic_sections.h"
 #include "engine/piezo_section.h"
@@ -8,17 +8,6 @@
 #include "timedomain/sample_rate.h"
 
 namespace halvorne::testing {
-
-FreshProgram::FreshProgram() {
-  ResetProgram();
-  SetMessages(&shownMessages);
-  SetMainWindow(&window);
-}
-
-FreshProgram::~FreshProgram() {
-  SetMainWindow(nullptr);
-  SetMessages(nullptr);
-}
 
 void ResetProgram() {
   Reset(design);
