@@ -30,6 +30,10 @@ if(HALVORNE_SANITIZE)
     -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(halvorne_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(HALVORNE_FUZZ)
+  # Loops that count where they have been are not made for several numbers at once.
+  target_compile_options(halvorne_options INTERFACE -fsanitize=fuzzer-no-link -Wno-pass-failed)
+endif()
 
 # halvorne_precompiled(<name> HEADERS <header>... [LINKS <target>...] [OPTIONS <option>...])
 # Compiles headers that many files include once; a target takes them with halvorne_take_precompiled.

@@ -4,6 +4,7 @@
 #   scripts/install_dependencies.sh build    what ./run and ./test need
 #   scripts/install_dependencies.sh package  what the package is made and looked at with
 #   scripts/install_dependencies.sh checks   what the static checks need
+#   scripts/install_dependencies.sh fuzz     what the fuzzers need beside build
 set -euo pipefail
 
 packages_for() {
@@ -16,8 +17,9 @@ packages_for() {
       ;;
     package) echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info ;;
     checks) echo clang-14 clang-format-14 clang-tidy-14 ;;
+    fuzz) echo clang-14 libclang-rt-14-dev ;;
     *)
-      echo "install_dependencies.sh: unknown set '$1', known are build, package and checks" >&2
+      echo "install_dependencies.sh: unknown set '$1', known are build, package, checks and fuzz" >&2
       exit 2
       ;;
   esac
