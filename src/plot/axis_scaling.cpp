@@ -60,6 +60,18 @@ void AutoScaleTime(const TimePoints& array) {
   }
 }
 
+/// Magnitude of the divisor that all-zero data give.
+constexpr float kZeroDataMag = 1e-30F;
+
+/// A right axis in degrees, whatever the data.
+void SetRightDegrees(float end) {
+  scale.RightMin = -end;
+  scale.RightMax = end;
+  if (scale.RightMag == kZeroDataMag) {
+    scale.RightMag = 1;  // the ends are not those of the data, and would read 36 digits long
+  }
+}
+
 void ImpedanceRule(int form) {
   switch (form) {
     case 0:
@@ -73,8 +85,7 @@ void ImpedanceRule(int form) {
     default:
       return;
   }
-  scale.RightMin = -90;
-  scale.RightMax = 90;
+  SetRightDegrees(90);
 }
 
 void LinearLogRule(int form) {
@@ -87,8 +98,7 @@ void LinearLogRule(int form) {
     scale.LeftMin = BelowTop(scale.LeftMax);
   }
   if (setup.PhaseDisplayOption == 0) {
-    scale.RightMin = -180;
-    scale.RightMax = 180;
+    SetRightDegrees(180);
   }
 }
 

@@ -1,6 +1,7 @@
 #include "plot/axis_scaling.h"
 
 #include <limits>
+#include <tuple>
 
 #include "plot/catalogue.h"
 #include "plot/plot_state.h"
@@ -85,6 +86,52 @@ TEST_F(AxisScaling, EveryFormHasItsRule) {
       }
     }
   }
+}
+
+/// Data of a real load: a magnitude and a phase that is 0 throughout.
+void MakePhaseless() {
+  scale.LastPlotPt = 1;
+  points.PlotData(0) = {1.5, 0};
+  points.PlotData(1) = {1.5, 0};
+}
+
+TEST_F(AxisScaling, ARightAxisInDegreesReadsInDegreesThoughTheDataAreAllZero) {
+  for (const auto& [plots, forms, text] :
+       {std::tuple{kImpedancePlots, std::vector{0, 1, 4, 5}, "90.000"},
+        {kRatioPlots, std::vector{0, 1}, "180.000"}}) {
+    for (const int number : plots) {
+      for (const int form : forms) {
+        SCOPED_TRACE("plot " + std::to_string(number) + ", form " + std::to_string(form));
+        Show(number, form);
+        MakePhaseless();
+        GetAmplScale(points.PlotData, true);
+        EXPECT_EQ(scale.RightMag, 1);
+        EXPECT_EQ(scale.RightPrefix, "");
+        EXPECT_EQ(scale.RightMaxText, text);
+        EXPECT_EQ(scale.RightMinText, std::string("-") + text);
+      }
+    }
+  }
+}
+
+// Kept: where no rule sets both ends, all-zero data keep their divisor of 1e-30.
+TEST_F(AxisScaling, ARightAxisThatNoRuleSetsKeepsTheDivisorOfAllZeroData) {
+  for (const int form : {2, 3}) {
+    Show(41, form);
+    MakePhaseless();
+    GetAmplScale(points.PlotData, true);
+    EXPECT_EQ(scale.RightMag, 1e-30F) << form;
+    EXPECT_EQ(scale.RightMaxText, "1.200") << form;
+  }
+}
+
+TEST_F(AxisScaling, ARightAxisInDegreesKeepsTheDivisorOfDataThatAreNotZero) {
+  Show(11, 0);
+  MakePhaseless();
+  points.PlotData(1).Y2 = 4500;
+  GetAmplScale(points.PlotData, true);
+  EXPECT_EQ(scale.RightMag, 1000);
+  EXPECT_EQ(scale.RightMaxText, "0.090");
 }
 
 TEST_F(AxisScaling, AWaveformWithTheLargerNegativeSideIsSymmetricToThatSide) {

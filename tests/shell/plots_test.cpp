@@ -55,11 +55,6 @@ class Plots : public WindowTest {
 
   /// Axis texts, captions and title of the smallest graph are whole and apart.
   void LookAtTexts(QSize smallestGraph) {
-    // Kept: a phase that is 0 throughout has a divisor of 1E-30, which makes its axis texts, 90 by
-    // rule, 36 digits long. They fit nowhere.
-    if (scale.RightMag < 1e-20F) {
-      return;
-    }
     TextExtents smallest(smallestGraph);
     PlotGraphOn(smallest);
     for (const std::string& fault : smallest.Faults()) {
