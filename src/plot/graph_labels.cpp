@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "persistence/file_names.h"
@@ -18,6 +19,8 @@ constexpr double kUnitY = 4.3;
 constexpr double kLeftBlanksX = -1.8;
 constexpr double kRightBlanksX = 10.2;
 constexpr const char* kBlanks = "  ";
+/// Top of the caption of the x axis.
+constexpr double kXAxisY = -0.2;
 
 void SetAxisFont(Surface& surface) {
   switch (surface.Kind()) {
@@ -51,14 +54,13 @@ void PrintFrequencyLimits(Surface& surface, double y) {
 }
 
 void PrintXAxis(Surface& surface) {
-  constexpr double kY = -0.2;
   if (IsTimePlot(view.CurrentPlot)) {
-    PrintCentred(surface, "Time in " + view.TimeUnit, 5, kY);
-    PrintCentred(surface, scale.TimeLowerText, 0, kY);
-    PrintCentred(surface, scale.TimeUpperText, 10, kY);
+    PrintCentred(surface, "Time in " + view.TimeUnit, 5, kXAxisY);
+    PrintCentred(surface, scale.TimeLowerText, 0, kXAxisY);
+    PrintCentred(surface, scale.TimeUpperText, 10, kXAxisY);
   } else {
-    PrintCentred(surface, "Frequency in " + design.FreqUnit, 5, kY);
-    PrintFrequencyLimits(surface, kY);
+    PrintCentred(surface, "Frequency in " + design.FreqUnit, 5, kXAxisY);
+    PrintFrequencyLimits(surface, kXAxisY);
   }
 }
 
@@ -135,7 +137,9 @@ void PrintExcitationTexts(Surface& surface, float x) {
 }  // namespace
 
 double ReadOutLine(const Surface& surface) {
-  return -1.75 * std::abs(surface.TextHeight(setup.CursorBlank));
+  const double height = std::abs(surface.TextHeight(setup.CursorBlank));
+  // On a tall picture, where letters are small, the line would cover the caption above it.
+  return std::min(-1.75 * height, kXAxisY - height);
 }
 
 void CenterIt(Surface& surface, const std::string& text, float centre, float& start) try {

@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <cmath>
 #include <utility>
 
 #include "plot/graph.h"
@@ -165,6 +166,19 @@ TEST_F(GraphLabels, ASpectrumHasASecondAxisOnTheReadOutLine) {
   ExpectCentred("Frequency in MHz", 5, -1.75 * kTextHeight);
   ExpectCentred("1.000", 0, -1.75 * kTextHeight);
   ExpectCentred("9.000", 10, -1.75 * kTextHeight);
+}
+
+TEST_F(GraphLabels, TheReadOutLineStandsBelowTheCaptionOfTheXAxisHoweverTallThePicture) {
+  constexpr double captionTop = -0.2;
+  for (const int bottom : {-2, -4, -10, -40}) {
+    Picture().Scale(-2, 11, 12, bottom);
+    const double height = std::abs(Picture().TextHeight(setup.CursorBlank));
+    EXPECT_LE(ReadOutLine(Picture()), captionTop - height + 1e-12) << bottom;
+    EXPECT_LE(ReadOutLine(Picture()), -1.75 * height + 1e-12) << bottom;
+  }
+  // Letters of a tenth of a unit: told by their height alone, the line would begin within them.
+  Picture().Scale(0, 10 / (1.2 * 8 * 96 / 72) * kHeight / 100, 1, 0);
+  EXPECT_NEAR(ReadOutLine(Picture()), -0.3, 1e-12);
 }
 
 TEST_F(GraphLabels, OnPaperWithTheCursorOnTheSpectrumsCaptionIsLeftOutAndItsLimitsStandAtZero) {

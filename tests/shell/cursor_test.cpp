@@ -3,6 +3,7 @@
 #include <QWheelEvent>
 
 #include "engine/design_model.h"
+#include "platform/qt/drawing_surface.h"
 #include "plot/plot_state.h"
 #include "shell/window_test.h"
 
@@ -174,6 +175,25 @@ TEST_F(CursorInWindow, RedrawsNothingButItselfWhenItMoves) {
   // All but the read-out below the box, which tells the changed value.
   const QRect graph(0, 0, middle.width(), middle.height() * 11 / 13);
   EXPECT_EQ(back.copy(graph), middle.copy(graph)) << "the plot was drawn anew";
+}
+
+TEST_F(CursorInWindow, LeavesTheCaptionOfTheXAxisWholeAtEverySize) {
+  auto* const picture = Find<QWidget>("Picture1");
+  for (int height = main->minimumHeight(); height < 2200; height += 37) {
+    main->resize(main->width(), height);
+    const QImage plain = Screen();
+    Click("Cursor1");
+    const QImage read = Screen();
+    Click("Cursor1");
+    // The caption's letters: 13 units are the picture's height, the caption's top is 0.2 below the
+    // box, whose bottom is 2 above the picture's.
+    const QFontMetrics letters(PictureFont());
+    const int top = qRound(picture->height() * (11 + 0.2) / 13);
+    const int width = letters.horizontalAdvance(QStringLiteral("Frequency in MHz"));
+    const QRect caption(picture->width() / 2 - width / 2, top, width, letters.height());
+    const QRect ownLetters = caption.adjusted(0, 1, 0, -1) & picture->rect();
+    EXPECT_EQ(read.copy(ownLetters), plain.copy(ownLetters)) << picture->height();
+  }
 }
 
 TEST_F(CursorInWindow, FindsTheExtremesOfTheFirstTrace) {
