@@ -39,6 +39,9 @@ void ReadHalvorneSetup() try {
   SetupLines(file);
   StartSession();
 } catch (...) {
+  // What was read of a file that breaks off goes with the rest.
+  TakeShippedSettings();
+  StartSession();
   ReportFailure("ReadHalvorneSetup", "FILES");
 }
 

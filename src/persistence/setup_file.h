@@ -3,7 +3,7 @@
 namespace halvorne {
 
 /// Reads HALVORNESETUP of the program's folder and starts the session. A missing or short file
-/// shows "ERROR in ReadHalvorneSetup of FILES" and leaves the unread fields as they are.
+/// shows "ERROR in ReadHalvorneSetup of FILES", and the session starts with the shipped settings.
 void ReadHalvorneSetup();
 
 /// Writes HALVORNESETUP anew, beside the old one, which it then replaces at once. Failures

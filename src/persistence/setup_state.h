@@ -27,6 +27,10 @@ struct Setup {
 
 extern Setup setup;
 
+/// Takes the settings that the program is shipped with, CurrentPlot and TimeWindowPercent included,
+/// as they stand in the setup file beside it.
+void TakeShippedSettings();
+
 /// Makes CursorBlank, PreviousPlot = CurrentPlot and LastPlotListIndex = -1: the start of a
 /// session.
 void StartSession();

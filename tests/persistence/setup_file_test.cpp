@@ -1,5 +1,7 @@
 #include "persistence/setup_file.h"
 
+#include <fstream>
+#include <sstream>
 #include <sys/stat.h>
 #include <vector>
 
@@ -120,33 +122,55 @@ TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsItsMessageAtEverySelection) {
   }
 }
 
-TEST_F(SetupFile, AMissingFileShowsTheMessageAndNothingCreatesIt) {
+/// The setup file that the program is shipped with.
+std::string ShippedFile() {
+  std::ostringstream text;
+  text << std::ifstream(HALVORNE_SOURCE_DIR "/share/HALVORNESETUP", std::ios::binary).rdbuf();
+  return text.str();
+}
+
+class UnreadableSetupFile : public SetupFile {
+ protected:
+  /// The session stands as if the shipped file had been read.
+  void ExpectShippedSession() {
+    EXPECT_EQ(view.CurrentPlot, 11);
+    EXPECT_EQ(setup.PreviousPlot, 11);
+    EXPECT_EQ(setup.LastPlotListIndex, -1);
+    EXPECT_EQ(setup.CursorBlank, std::string(102, ' '));
+    writeHalvorneSetup();
+    EXPECT_EQ(Get("HALVORNESETUP"), ShippedFile());
+  }
+};
+
+TEST_F(UnreadableSetupFile, ThatIsMissingIsToldAndStartsWithTheShippedSettings) {
   ReadHalvorneSetup();
   EXPECT_EQ(shownMessages.Lines(),
             (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 53. File not found"}));
   EXPECT_EQ(shownMessages.Shown().at(0).buttons, MessageButtons::kOk);
-  EXPECT_EQ(view.CurrentPlot, 0);
-  EXPECT_FALSE(std::filesystem::exists(Path("HALVORNESETUP")));
+  EXPECT_FALSE(std::filesystem::exists(Path("HALVORNESETUP"))) << "nothing creates it";
+  ExpectShippedSession();
 }
 
-TEST_F(SetupFile, AShortFileLeavesTheUnreadFieldsAtZero) {
-  Put("HALVORNESETUP", "31\r\n1,2,3,4\r\n");
-  ReadHalvorneSetup();
-  EXPECT_EQ(shownMessages.Lines(),
-            (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 62. Input past end of file"}));
-  EXPECT_EQ(view.CurrentPlot, 31);
-  EXPECT_EQ(setup.PlotFormMemory(14), 4);
-  EXPECT_EQ(setup.PlotFormMemory(15), 0);
-  EXPECT_EQ(setup.LogRange, 0);
-  EXPECT_EQ(setup.LastPlotListIndex, 0) << "the session is not started by a failed read";
-  EXPECT_EQ(setup.CursorBlank, "");
+TEST_F(UnreadableSetupFile, ThatIsShortIsToldAndStartsWithTheShippedSettings) {
+  for (const char* content : {"", "31\r\n1,2,3,4\r\n",
+                              "27\r\n1,2,3,0,1,2,3\r\n4,5,6,0,1,2,3\r\n"
+                              "7,8,9,1\r\n2,3\r\n1,12\r\n2,1,2\r\n72.5\r\n12.25\r\n"}) {
+    SCOPED_TRACE(content);
+    shownMessages.Forget();
+    Put("HALVORNESETUP", content);
+    ReadHalvorneSetup();
+    EXPECT_EQ(shownMessages.Lines(),
+              (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 62. Input past end of file"}));
+    ExpectShippedSession();
+  }
 }
 
-TEST_F(SetupFile, AGarbledFieldShowsTheMessage) {
+TEST_F(UnreadableSetupFile, ThatIsGarbledIsToldAndStartsWithTheShippedSettings) {
   Put("HALVORNESETUP", "31\r\n1,2,x,4\r\n");
   ReadHalvorneSetup();
   EXPECT_EQ(shownMessages.Lines(),
             (Lines{"ERROR in ReadHalvorneSetup of FILES|Error: 13. Type mismatch"}));
+  ExpectShippedSession();
 }
 
 TEST_F(SetupFile, AFolderThatCannotBeWrittenShowsTheMessage) {

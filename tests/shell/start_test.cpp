@@ -9,6 +9,7 @@
 #include "shell/form_metrics.h"
 #include "shell/frm_startup.h"
 #include "shell/window_test.h"
+#include "support/fresh_program.h"
 
 namespace halvorne::testing {
 namespace {
@@ -121,13 +122,27 @@ TEST_F(Start, TellsOfAMissingSetupFileAndCarriesOutTheStepsBehindIt) {
   EXPECT_EQ(Find<QTableWidget>("FlexgrdCFBW")->columnWidth(0), 39);
 }
 
-TEST_F(Start, LeavesTheFieldsThatAShortSetupFileLacksAtZero) {
-  std::ofstream(Folder() / "HALVORNESETUP") << "24\r\n0,1,0,1,1,0,0\r\n";
-  script.Expect(
-      FailureBox("ERROR in ReadHalvorneSetup of FILES", "Error: 62. Input past end of file"));
-  StartProgram();
-  EXPECT_EQ(view.CurrentPlot, 24);
-  EXPECT_EQ(setup.LogRange, 0);
+TEST_F(Start, AfterAMissingOrShortSetupFileShowsTheFirstPlotOfADesign) {
+  const std::string path = MakeDesignFile();
+  for (const bool missing : {true, false}) {
+    SCOPED_TRACE(missing ? "missing" : "short");
+    std::filesystem::remove(Folder() / "HALVORNESETUP");
+    if (!missing) {
+      std::ofstream(Folder() / "HALVORNESETUP") << "24\r\n0,1,0,1,1,0,0\r\n";
+    }
+    script.Expect(
+        FailureBox("ERROR in ReadHalvorneSetup of FILES",
+                   missing ? "Error: 53. File not found" : "Error: 62. Input past end of file"));
+    StartProgram();
+    OpenFile(path);
+    EXPECT_EQ(view.CurrentPlot, 11);
+    EXPECT_EQ(plot.PlotTitle, "Electrical Input Impedance");
+    EXPECT_EQ(Find<QComboBox>("PlotType")->currentText(), "Z, Theta");
+    EXPECT_EQ(Screen(), CorePicture());
+    EXPECT_GT(scale.LeftMax, scale.LeftMin);
+    main.reset();
+    ResetProgram();
+  }
 }
 
 TEST_F(Start, NamesTheSources) {
