@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <cmath>
 
 #include "dialogs/dialog_driver.h"
@@ -63,6 +64,41 @@ TEST_F(PlotScaleEntry, SingleTraceHidesTheRightAxis) {
   EXPECT_TRUE(driver.Visible("txtLogRng"));
   EXPECT_TRUE(driver.Enabled("txtLogRng"));
   EXPECT_EQ(driver.Text("txtLogRng"), "60");
+}
+
+TEST_F(PlotScaleEntry, AmplitudePageOfASingleTraceIsAsEvenAsThatOfTwo) {
+  for (const bool dual : {true, false}) {
+    for (const std::int16_t form : {std::int16_t{0}, std::int16_t{1}}) {
+      SCOPED_TRACE(dual ? "two traces" : "a single trace");
+      Show(dual ? std::int16_t{14} : std::int16_t{13}, form);
+      frmPlotScaleEntry dialog;
+      const DialogDriver driver(dialog);
+      const auto* const frame = driver.Find<QWidget>("FrameAmp");
+      const auto place = [&](const QWidget* control) {
+        return QRect(control->mapTo(frame, QPoint()), control->size());
+      };
+      const QList<QLabel*> labels = frame->findChildren<QLabel*>();
+      const auto head = std::ranges::find(labels, QStringLiteral("Max"), &QLabel::text);
+      ASSERT_NE(head, labels.end());
+      // A label's words stand in the middle of its place, however high that is.
+      const int words = place(*head).center().y();
+      const QRect box = place(driver.Find<QLineEdit>("txtLeftMax"));
+      EXPECT_LE(box.top() - words, box.height()) << "the head does not stand close above its box";
+      EXPECT_LE(words - place(driver.Find<QWidget>("optAmplAuto")).bottom(), box.height())
+          << "the rows are spread";
+      // Rows in their order, each as far from the one above as the next.
+      std::vector<int> tops;
+      for (const char* name : {"txtLeftMax", "txtRightMax", "txtLogRng", "txtAmplWindow"}) {
+        if (driver.Visible(name)) {
+          tops.push_back(place(driver.Find<QLineEdit>(name)).top());
+        }
+      }
+      for (std::size_t i = 2; i < tops.size(); ++i) {
+        EXPECT_NEAR(tops[i] - tops[i - 1], tops[1] - tops[0], 2);
+      }
+      EXPECT_LE(tops[1] - tops[0], 2 * driver.Find<QLineEdit>("txtLeftMax")->height());
+    }
+  }
 }
 
 TEST_F(PlotScaleEntry, OptionsActBeforeOk) {

@@ -114,6 +114,7 @@ QFrame* frmPlotScaleEntry::MakeAmplitudePage() {
 QFrame* frmPlotScaleEntry::MakeFrequencyPage() {
   const auto [frame, grid] = MakePage(QStringLiteral("Frequency window"));
   Named(frame, "FrameFreq");
+  grid->setRowStretch(6, 1);
   optFreqAuto = Named(new QRadioButton(QStringLiteral("Auto")), "optFreqAuto");
   optFreqManual = Named(new QRadioButton(QStringLiteral("Manual")), "optFreqManual");
   AddOptions(grid, optFreqAuto, optFreqManual);
