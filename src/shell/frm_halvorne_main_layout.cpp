@@ -23,6 +23,7 @@ namespace {
 
 // Places of the controls, in pixels.
 constexpr int kMargin = 6;
+constexpr int kColumnGap = 4;  ///< beside the measurements
 constexpr int kToolbarHeight = 56;
 constexpr int kToolButton = 44;
 constexpr int kToolGap = 12;  ///< between groups of tools
@@ -188,7 +189,7 @@ void frmHalvorneMain::MakeMeasurements() {
   const auto frame = [&](const char* name, const char* title) {
     auto* const box = Named(new QGroupBox(QLatin1String(title)), QLatin1String(name));
     auto* const inner = new QVBoxLayout(box);
-    inner->setContentsMargins(8, 4, 8, 6);
+    inner->setContentsMargins(3, 4, 3, 6);  // the widest values of the grids need the room
     inner->setSpacing(3);
     column->addWidget(box);
     return box;
@@ -297,8 +298,8 @@ void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int tit
   FindMax->setGeometry(right - finds, scrollTop, button, kCursorRowHeight);
   txtEdit->setGeometry(picture.x(), titleTop, picture.width(), txtEdit->sizeHint().height());
 
-  const int columnLeft = right + kMargin;
-  measurements_->setGeometry(columnLeft, kFormRowTop, width() - columnLeft - kMargin,
+  const int columnLeft = right + kColumnGap;
+  measurements_->setGeometry(columnLeft, kFormRowTop, width() - columnLeft - kColumnGap,
                              centralWidget()->height() - kFormRowTop - kMargin);
 }
 

@@ -9,6 +9,8 @@ namespace halvorne {
 namespace {
 
 constexpr int kHeadingRole = Qt::UserRole;
+constexpr int kAir = 2;   ///< between a value and the lines of its cell
+constexpr int kLine = 1;  ///< between two columns
 
 /// Draws a line of text in a rectangle, squeezed in width as far as it needs.
 void DrawSqueezed(QPainter& painter, const QRect& place, int alignment, const QString& text) {
@@ -48,14 +50,16 @@ class SqueezingDelegate final : public QStyledItemDelegate {
 }  // namespace
 
 MeasurementGrid::MeasurementGrid(int rows, int columns, int headings, QWidget* parent)
-    : QTableWidget(rows, columns, parent) {
+    : QTableWidget(rows, columns, parent),
+      columns_(static_cast<std::size_t>(columns)),
+      headings_(headings) {
   setItemDelegate(new SqueezingDelegate(this));
   setEditTriggers(QAbstractItemView::NoEditTriggers);
   setSelectionMode(QAbstractItemView::NoSelection);
   setFocusPolicy(Qt::NoFocus);
   setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
   setVerticalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
-  setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
+  setSizePolicy(QSizePolicy::Maximum, QSizePolicy::Fixed);
   for (QHeaderView* header : {horizontalHeader(), verticalHeader()}) {
     header->hide();
     header->setMinimumSectionSize(1);
@@ -70,21 +74,72 @@ MeasurementGrid::MeasurementGrid(int rows, int columns, int headings, QWidget* p
       setItem(row, column, cell);
     }
   }
-  FitToCells();
+  for (Column& column : columns_) {
+    column.needed.resize(static_cast<std::size_t>(rows));
+  }
 }
 
 void MeasurementGrid::SetText(int row, int column, const QString& text) {
-  item(row, column)->setText(text);
+  QTableWidgetItem* const cell = item(row, column);
+  if (cell->text() == text) {
+    return;
+  }
+  cell->setText(text);
+  if (row >= headings_) {
+    Column& widths = columns_[static_cast<std::size_t>(column)];
+    const int before = widths.Wanted();
+    widths.needed[static_cast<std::size_t>(row)] =
+        text.isEmpty() ? 0 : fontMetrics().horizontalAdvance(text) + 2 * kAir + kLine;
+    if (widths.Wanted() != before) {
+      FitColumns();
+    }
+  }
 }
 
 void MeasurementGrid::SetColWidth(int column, int width) {
-  setColumnWidth(column, width);
-  FitToCells();
+  columns_[static_cast<std::size_t>(column)].least = width;
+  FitColumns();
 }
 
-void MeasurementGrid::FitToCells() {
-  const int frame = 2 * frameWidth();
-  setFixedSize(horizontalHeader()->length() + frame, verticalHeader()->length() + frame);
+int MeasurementGrid::Column::Wanted() const {
+  return std::max(least, *std::ranges::max_element(needed));
+}
+
+int MeasurementGrid::HeightOfRows() const {
+  return verticalHeader()->length() + 2 * frameWidth();
+}
+
+QSize MeasurementGrid::sizeHint() const {
+  int width = 2 * frameWidth();
+  for (const Column& column : columns_) {
+    width += column.Wanted();
+  }
+  return {width, HeightOfRows()};
+}
+
+QSize MeasurementGrid::minimumSizeHint() const {
+  int width = 2 * frameWidth();
+  for (const Column& column : columns_) {
+    width += column.least;
+  }
+  return {width, HeightOfRows()};
+}
+
+void MeasurementGrid::FitColumns() {
+  updateGeometry();
+  // Where not all fits, the columns share the room in proportion to what they need.
+  const int wanted = sizeHint().width() - minimumSizeHint().width();
+  const int room = std::clamp(width() - minimumSizeHint().width(), 0, wanted);
+  for (std::size_t i = 0; i < columns_.size(); ++i) {
+    const int more = columns_[i].Wanted() - columns_[i].least;
+    setColumnWidth(static_cast<int>(i),
+                   columns_[i].least + (wanted == 0 ? 0 : more * room / wanted));
+  }
+}
+
+void MeasurementGrid::resizeEvent(QResizeEvent* event) {
+  QTableWidget::resizeEvent(event);
+  FitColumns();
 }
 
 FittedLabel::FittedLabel(QWidget* parent) : QLabel(parent) {
