@@ -82,6 +82,8 @@ class MainWindow {
 
   /// The graph, Picture1.
   virtual Surface& Picture1() = 0;
+  /// Tells the graph in words, to those who can't see it.
+  virtual void DescribeGraph(const std::string& description) = 0;
 
   virtual void SetGridCell(Grid grid, int row, int column, const std::string& text) = 0;
   /// lblPkAmpl. Its lines end in CR LF.

@@ -8,6 +8,7 @@
 #include "platform/number_text.h"
 #include "platform/numbers.h"
 #include "plot/graph.h"
+#include "plot/graph_description.h"
 #include "plot/plot_state.h"
 
 namespace halvorne {
@@ -143,12 +144,15 @@ void FindMin_Click() try {
 }
 
 void CursorPrint(Surface& surface, bool on) try {
-  const std::string text = on ? ReadOutText() : std::string();
+  measured.ReadOut = on ? ReadOutText() : std::string();
   const double y = ReadOutLine(surface);
   PrintCentred(surface, setup.CursorBlank, 5, y);
-  PrintCentred(surface, text, 5, y);
+  PrintCentred(surface, measured.ReadOut, 5, y);
   if (!on && plot.SpectrumShown) {
     AxisLabelOn(surface, 5);
+  }
+  if (surface.Kind() == SurfaceKind::kMainPicture) {
+    mainWindow().DescribeGraph(GraphDescription());
   }
 } catch (...) {
   ReportFailure("CursorPrint", "PLOTIT");

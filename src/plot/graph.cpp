@@ -6,6 +6,7 @@
 #include "platform/vector_registers.h"
 #include "plot/axis_scaling.h"
 #include "plot/cursor.h"
+#include "plot/graph_description.h"
 #include "plot/measures.h"
 #include "plot/trace.h"
 #include "plot/trace_colours.h"
@@ -26,10 +27,14 @@ constexpr Corners kScales[4][3] = {
     {{-2, 20.37, 12, -3.7}, {-2.35, 23.43, 12.35, -28.98}, {-2, 21.3, 12, -26.85}},
 };
 
-void DrawPane(Surface& surface, std::int16_t pane, const TimePoints& array) {
-  CleanVectorRegisters();
+void SetScale(Surface& surface, std::int16_t pane) {
   const Corners& corners = kScales[pane - 1][static_cast<int>(surface.Kind())];
   surface.Scale(corners.x1, corners.y1, corners.x2, corners.y2);
+}
+
+void DrawPane(Surface& surface, std::int16_t pane, const TimePoints& array) {
+  CleanVectorRegisters();
+  SetScale(surface, pane);
   PlotItOn(surface, scale.FirstPlotPt, scale.LastPlotPt, pane, array);
 }
 
@@ -107,17 +112,8 @@ void DrawSecondTrace(Surface& surface, std::int32_t first, std::int32_t last,
   surface.SetForeColor(kBlack);
 }
 
-}  // namespace
-
-void PlotGraphOn(Surface& surface) try {
-  if (surface.Kind() == SurfaceKind::kMainPicture) {
-    DisplayCFBW();
-    DisplayPulseWidth();
-    DisplayAtten();
-  }
-  if (surface.Kind() != SurfaceKind::kPrinter) {
-    surface.Cls();
-  }
+/// The graphs of the plot on show, each in its pane.
+void DrawPanes(Surface& surface) {
   if (!IsExcitationPlot(view.CurrentPlot)) {
     DrawPane(surface, 1, points.PlotData);
     return;
@@ -132,8 +128,34 @@ void PlotGraphOn(Surface& surface) try {
     saved.Restore();
   }
   DrawPane(surface, 4, points.PlotData);
+}
+
+}  // namespace
+
+void PlotGraphOn(Surface& surface) try {
+  const bool onMainPicture = surface.Kind() == SurfaceKind::kMainPicture;
+  if (onMainPicture) {
+    DisplayCFBW();
+    DisplayPulseWidth();
+    DisplayAtten();
+  }
+  if (surface.Kind() != SurfaceKind::kPrinter) {
+    surface.Cls();
+  }
+  DrawPanes(surface);
+  if (onMainPicture) {
+    mainWindow().DescribeGraph(GraphDescription());
+  }
 } catch (...) {
   ReportFailure("PlotGraphOn", "PLOTIT");
+}
+
+void DrawEmptyAxes() {
+  Surface& picture = mainWindow().Picture1();
+  picture.Cls();
+  SetScale(picture, 1);
+  AxisDrawOn(picture);
+  mainWindow().DescribeGraph("No plot");
 }
 
 void AxisDrawOn(Surface& surface) try {

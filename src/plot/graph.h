@@ -25,6 +25,10 @@ void PlotGraphOn(Surface& surface);
 void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int16_t pane,
               const TimePoints& array);
 
+/// Draws on Picture1 what stands there while there is no plot: the axes of a single graph, without
+/// labels. Failures go up to the caller.
+void DrawEmptyAxes();
+
 /// Box and ticks: ten divisions each way, ticks inward, no grid.
 void AxisDrawOn(Surface& surface);
 

@@ -23,6 +23,7 @@ class HeadlessWindow : public MainWindow {
   HeadlessSurface& OwnPicture() { return ownPicture_; }
   bool IsEnabled(Item item) const;
   const std::string& GridCell(Grid grid, int row, int column) const;
+  const std::string& GraphDescription() const { return graphDescription_; }
   const std::string& PeakLabel() const { return peakLabel_; }
   bool PeakLabelVisible() const { return peakLabelVisible_; }
   const std::array<std::string, 4>& AttenuationLabels() const { return attenuationLabels_; }
@@ -52,6 +53,7 @@ class HeadlessWindow : public MainWindow {
   int PlotTypeIndex() const override { return plotTypeIndex_; }
   void SetPlotTypeIndex(int index) override;
   Surface& Picture1() override { return *picture_; }
+  void DescribeGraph(const std::string& description) override { graphDescription_ = description; }
   void SetGridCell(Grid grid, int row, int column, const std::string& text) override;
   void SetPeakLabel(const std::string& caption) override { peakLabel_ = caption; }
   void ShowPeakLabel(bool visible) override { peakLabelVisible_ = visible; }
@@ -82,6 +84,7 @@ class HeadlessWindow : public MainWindow {
   int plotTypeIndex_ = -1;
   std::array<std::array<std::string, 4>, 6> cfbwCells_;
   std::array<std::array<std::string, 2>, 5> pulseWidthCells_;
+  std::string graphDescription_;
   std::string peakLabel_;
   bool peakLabelVisible_ = true;
   std::array<std::string, 4> attenuationLabels_;

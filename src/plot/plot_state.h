@@ -56,6 +56,7 @@ struct Measured {
   std::string PkAmplCaption;  ///< caption of lblPkAmpl
   std::array<std::string, 4> AttenCaptions;  ///< length, rate, frequency, exponent
   bool CursorOn = false;
+  std::string ReadOut;                       ///< what the cursor reads, empty while it is off
   float CursorX = 0;                      ///< x of the line in box units, 0 to 10
   std::int16_t GridRow = 0, GridCol = 0;  ///< shared counters of the grid routines
 };

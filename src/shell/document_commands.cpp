@@ -10,6 +10,7 @@
 #include "platform/paths.h"
 #include "platform/qt/message_boxes.h"
 #include "platform/qt/text.h"
+#include "plot/graph.h"
 #include "plot/plot_after_open.h"
 #include "plot/plot_state.h"
 #include "shell/frm_halvorne_main.h"

@@ -111,13 +111,6 @@ void frmHalvorneMain::Form_Resize() try {
   ReportFailure("Form_Resize", "frmHalvorneMain");
 }
 
-void frmHalvorneMain::DrawEmptyAxes() {
-  Surface& picture = Picture1();
-  picture.Cls();
-  picture.Scale(-2, 11, 12, -2);
-  AxisDrawOn(picture);
-}
-
 void frmHalvorneMain::Form_QueryUnload(int unloadMode) try {
   DoUnLoadPreCheck(unloadMode);
 } catch (...) {

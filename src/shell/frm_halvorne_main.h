@@ -59,7 +59,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void RefreshWindow() override;
   bool KeepsSession() const override { return true; }
   void SetTitleBoxText(const std::string& text) override;
-  void SetTitleBoxFontSize(int points) override;
+  void SetTitleBoxFontSize(int size) override;
   void ClearPlotTypes() override;
   void AddPlotType(const std::string& text) override;
   int PlotTypeCount() const override { return PlotType->count(); }
@@ -67,6 +67,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   int PlotTypeIndex() const override { return PlotType->currentIndex(); }
   void SetPlotTypeIndex(int index) override;
   Surface& Picture1() override { return Picture->Picture(); }
+  void DescribeGraph(const std::string& description) override;
   void SetGridCell(Grid grid, int row, int column, const std::string& text) override;
   void SetPeakLabel(const std::string& caption) override;
   void ShowPeakLabel(bool visible) override;
@@ -134,7 +135,6 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
 
   void DoUnLoadPreCheck(int unloadMode);
   void EndProgram();
-  void DrawEmptyAxes();
   void PrepareFileDialog(const char* title);
 
   QHash<QString, QObject*> controls_;  ///< everything that lower rooms enable, by objectName

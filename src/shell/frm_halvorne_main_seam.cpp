@@ -4,6 +4,8 @@
 #include "platform/failure.h"
 #include "platform/qt/text.h"
 #include "plot/enable_items.h"
+#include "plot/plot_select.h"
+#include "plot/plot_state.h"
 #include "shell/frm_halvorne_main.h"
 
 namespace halvorne {
@@ -103,9 +105,9 @@ void frmHalvorneMain::SetTitleBoxText(const std::string& text) {
   txtEdit->setCursorPosition(0);
 }
 
-void frmHalvorneMain::SetTitleBoxFontSize(int points) {
+void frmHalvorneMain::SetTitleBoxFontSize(int size) {
   QFont sized = txtEdit->font();
-  sized.setPointSize(points);
+  sized.setPointSize(size);
   txtEdit->setFont(sized);
   txtEdit->resize(txtEdit->width(), txtEdit->sizeHint().height());
 }
@@ -139,6 +141,12 @@ void frmHalvorneMain::SetGridCell(Grid grid, int row, int column, const std::str
 void frmHalvorneMain::SetPeakLabel(const std::string& caption) {
   lblPkAmpl->setText(ToQString(caption).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
 }
+void frmHalvorneMain::DescribeGraph(const std::string& description) {
+  Picture->setAccessibleDescription(ToQString(description));
+  // Who moves the cursor has the focus on its bar.
+  HScroll1->setAccessibleDescription(ToQString(measured.ReadOut));
+}
+
 
 void frmHalvorneMain::ShowPeakLabel(bool visible) {
   lblPkAmpl->setVisible(visible);
