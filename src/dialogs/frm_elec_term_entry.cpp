@@ -17,11 +17,14 @@ frmElecTermEntry::frmElecTermEntry(QWidget* parent)
   auto* const grid = new QGridLayout;
   txtXmtrZ = Named(new QLineEdit, "txtXmtrZ");
   txtRcvrZ = Named(new QLineEdit, "txtRcvrZ");
-  grid->addWidget(Named(new QLabel(QStringLiteral("Transmitter Output Impedance")), "Label1"), 0,
-                  0);
+  auto* const Label1 = Named(new QLabel(QStringLiteral("Transmitter Output Impedance")), "Label1");
+  auto* const Label2 = Named(new QLabel(QStringLiteral("Receiver Input Impedance")), "Label2");
+  Label1->setBuddy(txtXmtrZ);
+  Label2->setBuddy(txtRcvrZ);
+  grid->addWidget(Label1, 0, 0);
   grid->addWidget(txtXmtrZ, 0, 1);
   grid->addWidget(new QLabel(QStringLiteral("Ohms")), 0, 2);
-  grid->addWidget(Named(new QLabel(QStringLiteral("Receiver Input Impedance")), "Label2"), 1, 0);
+  grid->addWidget(Label2, 1, 0);
   grid->addWidget(txtRcvrZ, 1, 1);
   grid->addWidget(new QLabel(QStringLiteral("Ohms")), 1, 2);
   outer->addLayout(grid);

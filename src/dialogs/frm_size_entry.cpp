@@ -65,6 +65,8 @@ frmSizeEntry::frmSizeEntry(QWidget* parent)
   lblPiezoDim2 = Named(new QLabel, "lblPiezoDim2");
   txtPiezoDim2 = Named(new QLineEdit, "txtPiezoDim2");
   lblPiezoUnit2 = Named(new QLabel(QStringLiteral("mm")), "lblPiezoUnit2");
+  lblPiezoDim1->setBuddy(txtPiezoDim1);
+  lblPiezoDim2->setBuddy(txtPiezoDim2);
   grid->addWidget(lblPiezoDim1, 0, 0);
   grid->addWidget(txtPiezoDim1, 0, 1);
   grid->addWidget(lblPiezoUnit1, 0, 2);

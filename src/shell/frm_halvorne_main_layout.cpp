@@ -196,10 +196,12 @@ void frmHalvorneMain::MakeMeasurements() {
   };
   fraCFBW = frame("fraCFBW", "Center Freq and Bandwidth");
   FlexgrdCFBW = Named(new MeasurementGrid(6, 4, 3, fraCFBW), QStringLiteral("FlexgrdCFBW"));
+  FlexgrdCFBW->setAccessibleName(fraCFBW->title());
   fraCFBW->layout()->addWidget(FlexgrdCFBW);
   fraPulseWidth = frame("fraPulseWidth", "Pulse Width and Level");
   FlexgrdPulseWidth =
       Named(new MeasurementGrid(5, 2, 2, fraPulseWidth), QStringLiteral("FlexgrdPulseWidth"));
+  FlexgrdPulseWidth->setAccessibleName(fraPulseWidth->title());
   fraPulseWidth->layout()->addWidget(FlexgrdPulseWidth);
   lblPkAmpl = Named(new FittedLabel(fraPulseWidth), QStringLiteral("lblPkAmpl"));
   lblPkAmpl->setMinimumHeight(2 * lblPkAmpl->fontMetrics().lineSpacing());

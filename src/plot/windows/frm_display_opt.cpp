@@ -116,7 +116,9 @@ QFrame* frmDisplayOpt::MakeAttenuationPage() {
               {"Exponent n", txtAttenExp, nullptr}};
   int row = 1;
   for (const auto& [caption, box, unit] : rows) {
-    grid->addWidget(new QLabel(QString::fromLatin1(caption)), row, 0);
+    auto* const label = new QLabel(QString::fromLatin1(caption));
+    label->setBuddy(box);
+    grid->addWidget(label, row, 0);
     grid->addWidget(box, row, 1);
     if (unit != nullptr) {
       grid->addWidget(unit, row, 2);

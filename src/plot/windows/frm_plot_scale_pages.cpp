@@ -28,6 +28,12 @@ Page MakePage(const QString& caption) {
   return {frame, grid};
 }
 
+/// A box whose caption stands above or beside it, as it is called where neither is seen.
+QLineEdit* Called(QLineEdit* box, const char* name) {
+  box->setAccessibleName(QString::fromLatin1(name));
+  return box;
+}
+
 void AddOptions(QGridLayout* grid, QRadioButton* automatic, QRadioButton* manual) {
   auto* const row = new QHBoxLayout;
   row->setSpacing(20);
@@ -83,12 +89,12 @@ QFrame* frmPlotScaleEntry::MakeAmplitudePage() {
   grid->addWidget(new QLabel(QStringLiteral("Min")), 1, 2);
   grid->addWidget(new QLabel(QStringLiteral("Units")), 1, 3);
   lblLeftAxis = Named(new QLabel(QStringLiteral("Left scale")), "lblLeftAxis");
-  txtLeftMax = Named(new QLineEdit, "txtLeftMax");
-  txtLeftMin = Named(new QLineEdit, "txtLeftMin");
+  txtLeftMax = Called(Named(new QLineEdit, "txtLeftMax"), "Left scale, Max");
+  txtLeftMin = Called(Named(new QLineEdit, "txtLeftMin"), "Left scale, Min");
   strLeftUnit = Named(new QLabel, "strLeftUnit");
   lblRightAxis = Named(new QLabel(QStringLiteral("Right scale")), "lblRightAxis");
-  txtRightMax = Named(new QLineEdit, "txtRightMax");
-  txtRightMin = Named(new QLineEdit, "txtRightMin");
+  txtRightMax = Called(Named(new QLineEdit, "txtRightMax"), "Right scale, Max");
+  txtRightMin = Called(Named(new QLineEdit, "txtRightMin"), "Right scale, Min");
   strRightUnit = Named(new QLabel, "strRightUnit");
   QWidget* const rows[2][4] = {{lblLeftAxis, txtLeftMax, txtLeftMin, strLeftUnit},
                                {lblRightAxis, txtRightMax, txtRightMin, strRightUnit}};
@@ -99,22 +105,22 @@ QFrame* frmPlotScaleEntry::MakeAmplitudePage() {
   }
 
   lblLogRng1 = Named(new QLabel(QStringLiteral("Log range:")), "lblLogRng1");
-  txtLogRng = Named(new QLineEdit, "txtLogRng");
+  txtLogRng = Called(Named(new QLineEdit, "txtLogRng"), "Log range in dB");
   lblLogRng2 = Named(new QLabel(QStringLiteral("dB")), "lblLogRng2");
   grid->addWidget(lblLogRng1, 4, 0);
   grid->addWidget(txtLogRng, 4, 1);
   grid->addWidget(lblLogRng2, 4, 2);
-  txtAmplWindow = Named(new QLineEdit, "txtAmplWindow");
+  txtAmplWindow = Called(Named(new QLineEdit, "txtAmplWindow"), "Autoscale on % of span");
   grid->addWidget(new QLabel(QStringLiteral("Autoscale on:")), 5, 0);
   grid->addWidget(txtAmplWindow, 5, 1);
   grid->addWidget(new QLabel(QStringLiteral("% of span")), 5, 2);
+  grid->setRowStretch(6, 1);
   return frame;
 }
 
 QFrame* frmPlotScaleEntry::MakeFrequencyPage() {
   const auto [frame, grid] = MakePage(QStringLiteral("Frequency window"));
   Named(frame, "FrameFreq");
-  grid->setRowStretch(6, 1);
   optFreqAuto = Named(new QRadioButton(QStringLiteral("Auto")), "optFreqAuto");
   optFreqManual = Named(new QRadioButton(QStringLiteral("Manual")), "optFreqManual");
   AddOptions(grid, optFreqAuto, optFreqManual);
@@ -122,8 +128,8 @@ QFrame* frmPlotScaleEntry::MakeFrequencyPage() {
   grid->addWidget(new QLabel(QStringLiteral("Start")), 1, 1);
   grid->addWidget(new QLabel(QStringLiteral("Stop")), 1, 2);
   grid->addWidget(new QLabel(QStringLiteral("Units")), 1, 3);
-  txtFreqLower = Named(new QLineEdit, "txtFreqLower");
-  txtFreqUpper = Named(new QLineEdit, "txtFreqUpper");
+  txtFreqLower = Called(Named(new QLineEdit, "txtFreqLower"), "Start frequency");
+  txtFreqUpper = Called(Named(new QLineEdit, "txtFreqUpper"), "Stop frequency");
   lblFreqUnit = Named(new QLabel, "lblFreqUnit");
   grid->addWidget(txtFreqLower, 2, 1);
   grid->addWidget(txtFreqUpper, 2, 2);
@@ -148,8 +154,8 @@ QFrame* frmPlotScaleEntry::MakeTimePage() {
 
   grid->addWidget(new QLabel(QStringLiteral("Start")), 1, 1);
   grid->addWidget(new QLabel(QStringLiteral("Stop")), 1, 3);
-  txtTimeLower = Named(new QLineEdit, "txtTimeLower");
-  txtTimeUpper = Named(new QLineEdit, "txtTimeUpper");
+  txtTimeLower = Called(Named(new QLineEdit, "txtTimeLower"), "Start time");
+  txtTimeUpper = Called(Named(new QLineEdit, "txtTimeUpper"), "Stop time");
   lblTimeUnit = Named(new QLabel, "lblTimeUnit");
   grid->addWidget(txtTimeLower, 2, 1);
   grid->addWidget(txtTimeUpper, 2, 3);
@@ -162,7 +168,7 @@ QFrame* frmPlotScaleEntry::MakeTimePage() {
   grid->addWidget(new QLabel(QStringLiteral("0 to")), 3, 2);
   grid->addWidget(lblStopTimeLimit, 3, 3);
   grid->addWidget(lblTimeUnit2, 3, 4);
-  txtTWindow = Named(new QLineEdit, "txtTWindow");
+  txtTWindow = Called(Named(new QLineEdit, "txtTWindow"), "Auto window width in % of Tmax");
   grid->addWidget(new QLabel(QStringLiteral("Auto window width:")), 4, 0);
   grid->addWidget(txtTWindow, 4, 1);
   grid->addWidget(new QLabel(QStringLiteral("% of Tmax")), 4, 2, 1, 3);
