@@ -74,8 +74,8 @@ void ShowPlot(Session& session, int plotNumber) {
   TellMissingExcitation(plotNumber);
   view.CurrentPlot = static_cast<std::int16_t>(plotNumber);
   PlotSelect(view.CurrentPlot);
-  if (session.window.PlotTypeIndex() < 0) {
-    const bool aliasing = IsTimePlot(plotNumber) && wave.WaveformInvalid;
+  const bool aliasing = IsTimePlot(plotNumber) && wave.WaveformInvalid;
+  if (aliasing || session.window.PlotTypeIndex() < 0) {
     throw CommandFailed("plot " + std::to_string(plotNumber) + " cannot be shown" +
                         (aliasing ? "; --accept-aliasing shows it all the same" : ""));
   }

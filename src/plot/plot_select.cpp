@@ -1,5 +1,7 @@
 #include "plot/plot_select.h"
 
+#include <utility>
+
 #include "persistence/setup_file.h"
 #include "platform/failure.h"
 #include "platform/main_window.h"
@@ -124,23 +126,56 @@ void Convert(std::int16_t index, std::int16_t plotNumber) {
   }
 }
 
+/// The user refused the waveform of a plot: what is on show is still the plot that is chosen.
+void KeepPlotOnShow(std::int16_t refused) {
+  if (refused == setup.PreviousPlot) {
+    plot.Outdated = true;
+    return;
+  }
+  const CataloguePlot* const shown = FindPlot(setup.PreviousPlot);
+  if (shown == nullptr || mainWindow().PlotTypeIndex() < 0) {
+    return;  // nothing is on show
+  }
+  view.CurrentPlot = setup.PreviousPlot;
+  if (!IsTimePlot(shown->number)) {
+    Gather(*shown);  // the values that its other forms are made of
+  }
+}
+
+/// Another form of an outdated waveform needs the present one.
+void ChooseFormAnew(int index) {
+  const int onShow = setup.LastPlotListIndex;
+  RememberForm(view.CurrentPlot, index);
+  PlotSelect(view.CurrentPlot);
+  if (plot.Outdated) {  // refused once more
+    mainWindow().SetPlotTypeIndex(onShow);
+  }
+}
+
 }  // namespace
 
 void PlotSelect(std::int16_t plotNumber) try {
+  const CataloguePlot* const row = FindPlot(plotNumber);
+  // The user may refuse a waveform, so it is made before anything of the plot on show changes.
+  const bool waveform = IsTimePlot(plotNumber);
+  if (waveform && !Gather(*row)) {
+    KeepPlotOnShow(plotNumber);
+    return;
+  }
+  plot.Outdated = false;
   if (plotNumber != setup.PreviousPlot) {
     view.AmplAuto = true;
   }
   setup.PreviousPlot = plotNumber;
   plot.DualTrace = true;
   plot.SpectrumShown = false;
-  const CataloguePlot* const row = FindPlot(plotNumber);
   if (row == nullptr) {
     return;
   }
   PlotTypeLoad(static_cast<std::int16_t>(row->forms));
   ClampLayerAbove(plotNumber);
-  if (!Gather(*row)) {
-    return;
+  if (!waveform) {
+    Gather(*row);
   }
   ClampLayerBelow(plotNumber);
   plot.PlotTitle = TitleOf(*row);
@@ -149,18 +184,45 @@ void PlotSelect(std::int16_t plotNumber) try {
   ReportFailure("PlotSelect", "PLOTIT");
 }
 
+void PlotRedraw() try {
+  if (!IsTimePlot(view.CurrentPlot)) {
+    PlotSelect(view.CurrentPlot);
+    return;
+  }
+  MainWindow& window = mainWindow();
+  if (measured.CursorOn) {
+    Cursor1_Click();
+  }
+  if (window.PlotTypeIndex() < 0) {
+    DrawEmptyAxes();
+    return;
+  }
+  // While the question about a waveform stands, the plot on show is the one before it.
+  const std::int16_t chosen = std::exchange(view.CurrentPlot, setup.PreviousPlot);
+  PlotGraphOn(window.Picture1());
+  view.CurrentPlot = chosen;
+} catch (...) {
+  ReportFailure("PlotRedraw", "PLOTIT");
+}
+
 void PlotType_Click() try {
   if (measured.CursorOn) {
     Cursor1_Click();
   }
   const int index = mainWindow().PlotTypeIndex();
+  if (plot.Outdated && index != setup.LastPlotListIndex) {
+    ChooseFormAnew(index);
+    return;
+  }
   if (index != setup.LastPlotListIndex) {
     view.AmplAuto = true;
     setup.LastPlotListIndex = ToInt16(index);
   }
   RememberForm(view.CurrentPlot, index);
   writeHalvorneSetup();
-  PlotConvertDataType(view.CurrentPlot);
+  if (!plot.Outdated) {
+    PlotConvertDataType(view.CurrentPlot);
+  }
   mainWindow().RefreshWindow();
 } catch (...) {
   ReportFailure("PlotType_Click", "frmHalvorneMain");

@@ -5,10 +5,16 @@
 namespace halvorne {
 
 /// Gathers a plot's data into points.RawData, makes its waveforms, sets its title and then the
-/// index of PlotType, whose selection event converts and draws.
+/// index of PlotType, whose selection event converts and draws. When the user refuses an
+/// undersampled waveform, the plot on show stays the one that is chosen.
 void PlotSelect(std::int16_t plotNumber);
 
+/// Draws the plot on show once more, on a picture of another size: as a selection does, but a
+/// waveform is not made anew, so that nothing is asked.
+void PlotRedraw();
+
 /// The selection event of PlotType: remembers the form, writes the setup file, converts and draws.
+/// Another form of an outdated waveform selects the plot again.
 void PlotType_Click();
 
 /// Turns RawData or the waveforms into the data form chosen in PlotType, measures, scales and draws

@@ -24,6 +24,7 @@ struct Plot {
   bool SpectrumShown = false;  ///< the second trace is a spectrum beneath a time plot
   bool AmplLog = false;        ///< the first trace is in dB
   bool DesignOpen = false;     ///< the value last given to EnableItems
+  bool Outdated = false;       ///< a waveform that the user refused to have made anew is on show
   MeasureBuffer MeasBuf;       ///< on which band and pulse width are measured
 };
 
@@ -55,8 +56,8 @@ struct Measured {
   std::string PeakAmplText;   ///< peak text of the report, one line
   std::string PkAmplCaption;  ///< caption of lblPkAmpl
   std::array<std::string, 4> AttenCaptions;  ///< length, rate, frequency, exponent
-  bool CursorOn = false;
   std::string ReadOut;                       ///< what the cursor reads, empty while it is off
+  bool CursorOn = false;
   float CursorX = 0;                      ///< x of the line in box units, 0 to 10
   std::int16_t GridRow = 0, GridCol = 0;  ///< shared counters of the grid routines
 };

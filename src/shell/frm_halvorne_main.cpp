@@ -105,7 +105,7 @@ void frmHalvorneMain::Form_Resize() try {
   if (!plot.DesignOpen) {
     DrawEmptyAxes();
   } else {
-    PlotSelect(view.CurrentPlot);
+    PlotRedraw();
   }
 } catch (...) {
   ReportFailure("Form_Resize", "frmHalvorneMain");

@@ -252,11 +252,8 @@ void frmHalvorneMain::ConnectControls() {
   on(FindMax, &QPushButton::clicked, [] { FindMax_Click(); });
   on(FindMin, &QPushButton::clicked, [] { FindMin_Click(); });
   on(HScroll1, &QScrollBar::valueChanged, [] { HScroll1_Change(); });
-  on(PlotType, &QComboBox::currentIndexChanged, [this] {
-    if (PlotType->currentIndex() >= 0) {  // emptying the list chooses nothing
-      PlotType_Click();
-    }
-  });
+  // A person's choice counts even when the index stays. SetPlotTypeIndex tells of the program's.
+  on(PlotType, &QComboBox::activated, [] { PlotType_Click(); });
 }
 
 int frmHalvorneMain::CursorButtonWidth() const {

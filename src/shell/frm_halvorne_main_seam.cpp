@@ -131,22 +131,25 @@ void frmHalvorneMain::SetPlotTypeIndex(int index) {
   if (index < 0 || index >= PlotType->count()) {
     throw Failure(failure_number::kInvalidCall);
   }
-  PlotType->setCurrentIndex(index);
+  if (index != PlotType->currentIndex()) {
+    PlotType->setCurrentIndex(index);
+    PlotType_Click();
+  }
 }
 
 void frmHalvorneMain::SetGridCell(Grid grid, int row, int column, const std::string& text) {
   (grid == Grid::kCFBW ? FlexgrdCFBW : FlexgrdPulseWidth)->SetText(row, column, ToQString(text));
 }
 
-void frmHalvorneMain::SetPeakLabel(const std::string& caption) {
-  lblPkAmpl->setText(ToQString(caption).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
-}
 void frmHalvorneMain::DescribeGraph(const std::string& description) {
   Picture->setAccessibleDescription(ToQString(description));
   // Who moves the cursor has the focus on its bar.
   HScroll1->setAccessibleDescription(ToQString(measured.ReadOut));
 }
 
+void frmHalvorneMain::SetPeakLabel(const std::string& caption) {
+  lblPkAmpl->setText(ToQString(caption).replace(QStringLiteral("\r\n"), QStringLiteral("\n")));
+}
 
 void frmHalvorneMain::ShowPeakLabel(bool visible) {
   lblPkAmpl->setVisible(visible);

@@ -240,16 +240,50 @@ TEST_F(PlotSelectTest, AnotherFormRepeatsNoPhysics) {
   EXPECT_EQ(points.PlotData(5).Y1, 77);
 }
 
-TEST_F(PlotSelectTest, ACancelledWaveformLeavesGraphAndTitle) {
+TEST_F(PlotSelectTest, ACancelledWaveformLeavesGraphTitleAndForms) {
   Select(14);
+  window.SetPlotTypeIndex(1);
+  view.AmplAuto = false;
+  const double gathered = points.RawData(3).Y1;
   design.SampleRateHz = 2 * design.FreqStop * 0.99;
-  Select(16);  // the box about aliasing takes Cancel by default
+  Select(26);  // the box about aliasing takes Cancel by default
   ASSERT_EQ(shownMessages.Shown().size(), 1U);
   EXPECT_EQ(shownMessages.Shown()[0].title, "WARNING:  ALIASING ERROR");
+  EXPECT_TRUE(wave.WaveformInvalid);
   EXPECT_EQ(plot.PlotTitle, "Transmit Transfer Function - P(Pascals)/V(Tx)");
-  EXPECT_EQ(window.PlotTypeIndex(), -1);
-  EXPECT_EQ(window.PlotTypeCount(), 9);
+  EXPECT_EQ(window.PlotTypeIndex(), 1);
+  EXPECT_EQ(window.PlotTypeCount(), 2);
+  EXPECT_EQ(view.CurrentPlot, 14);
+  EXPECT_EQ(points.RawData(3).Y1, gathered) << "its other form would be made of another plot";
+  EXPECT_FALSE(view.AmplAuto);
   EXPECT_FALSE(Drawn());
+}
+
+TEST_F(PlotSelectTest, AWaveformThatIsSelectedAgainAsksAgain) {
+  Select(14);
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  Select(16);
+  Select(16);
+  EXPECT_EQ(shownMessages.Shown().size(), 2U);
+}
+
+TEST_F(PlotSelectTest, ARedrawAsksNothingAndMakesNoWaveform) {
+  Select(16);
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  wave.ImpulseRe(5) = 77;
+  window.OwnPicture().Forget();
+  PlotRedraw();
+  EXPECT_EQ(shownMessages.Lines(), Lines{});
+  EXPECT_EQ(wave.ImpulseRe(5), 77);
+  EXPECT_TRUE(Drawn());
+}
+
+TEST_F(PlotSelectTest, ARedrawOfAFrequencyPlotSelectsIt) {
+  Select(14);
+  points.RawData(3) = points.PlotData(3) = {77, 78};
+  PlotRedraw();
+  EXPECT_NE(points.RawData(3).Y1, 77);
+  EXPECT_NE(points.PlotData(3).Y1, 77);
 }
 
 TEST_F(PlotSelectTest, DispersionStoresNoFormMemory) {

@@ -191,14 +191,6 @@ TEST_F(Plots, SettingsOutliveTheSession) {
   EXPECT_EQ(Find<QComboBox>("PlotType")->currentIndex(), 0);
 }
 
-TEST_F(Plots, ChoosingTheFormOnShowFiresNothing) {
-  StartWithDesign();
-  std::filesystem::remove(Folder() / "HALVORNESETUP");
-  auto* const list = Find<QComboBox>("PlotType");
-  list->setCurrentIndex(list->currentIndex());
-  EXPECT_FALSE(std::filesystem::exists(Folder() / "HALVORNESETUP"));
-}
-
 TEST_F(Plots, FallBackToThePiezoelectricLayerWithoutPlates) {
   StartWithDesign();
   ClickMenu("mnuViewDispFP");

@@ -155,13 +155,12 @@ TEST_F(WindowLook, FormOfTheLargestPlotChangesAtOnce) {
   view.TimeWindowPercent = 99.5F;
   ClickMenu("mnuView2WayItem(2)");
   EXPECT_GT(scale.LastPlotPt, 65000) << "the plot is not a large one";
-  auto* const list = Find<QComboBox>("PlotType");
   QElapsedTimer clock;
   clock.start();
   // Not those of two traces over time: the second takes 32767 intervals at most.
   const std::vector<int> forms{1, 2, 6, 7, 8, 0};
   for (const int form : forms) {
-    list->setCurrentIndex(form);
+    main->SetPlotTypeIndex(form);
     main->repaint();
   }
   const qint64 each = clock.elapsed() / static_cast<qint64>(forms.size());
