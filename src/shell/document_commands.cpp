@@ -30,6 +30,12 @@ void ChangeFolder(const std::filesystem::path& folder) {
   }
 }
 
+/// Makes a folder that is missing. When that fails, it is still missing to whoever goes into it.
+void MakeFolder(const std::filesystem::path& folder) {
+  std::error_code error;
+  std::filesystem::create_directory(folder, error);
+}
+
 }  // namespace
 
 void frmHalvorneMain::PrepareFileDialog(const char* title) {
@@ -84,7 +90,9 @@ void frmHalvorneMain::FileSaveAs() try {
 
 void frmHalvorneMain::FileClose() try {
   ChangeFolder(ProgramFolder());
-  ChangeFolder(ProgramPath("\\DATA"));
+  const std::filesystem::path folder = ProgramPath("\\DATA");
+  MakeFolder(folder);
+  ChangeFolder(folder);
   WriteDesignFile(design.DataFileName);
   EnableItems(false);
   DrawEmptyAxes();

@@ -196,9 +196,19 @@ TEST_F(Document, CloseWritesABareNameIntoTheDataFolder) {
   EXPECT_TRUE(std::filesystem::exists(Data("bare.dat")));
 }
 
-TEST_F(Document, CloseWithoutADataFolderFailsAndStaysOpen) {
+TEST_F(Document, CloseMakesADataFolderThatIsMissing) {
+  StartWithDesign();
+  const std::string path = design.DataFileName;
+  std::filesystem::rename(Folder() / "DATA", Folder() / "gone");
+  ClickMenu("mnuFileItem(3)");
+  EXPECT_FALSE(plot.DesignOpen);
+  EXPECT_EQ(ReadFile(path), ReadFile(Folder() / "gone" / "probe.dat"));
+}
+
+TEST_F(Document, CloseWhereNoDataFolderCanBeMadeFailsAndStaysOpen) {
   StartWithDesign();
   std::filesystem::rename(Folder() / "DATA", Folder() / "gone");
+  std::ofstream(Folder() / "DATA") << "a file of that name";
   script.Expect(FileBox("File Close", 76, "Path not found"));
   ClickMenu("mnuFileItem(3)");
   EXPECT_TRUE(plot.DesignOpen);
