@@ -177,6 +177,18 @@ TEST_F(HelpWindowShown, SaysWhatIsWrongWhenItsFileIsDamaged) {
   EXPECT_TRUE(Text()->toPlainText().contains(QStringLiteral("missing or damaged")));
 }
 
+TEST_F(HelpWindowShown, EndsWithTheProgramInTheMomentInWhichItIsClosed) {
+  Open();
+  for (QWidget* window : QApplication::topLevelWidgets()) {
+    if (window->objectName() == QStringLiteral("frmHelp")) {
+      window->close();
+    }
+  }
+  EndHelp();
+  ClickMenu("mnuHelpItem(0)");
+  EXPECT_TRUE(Text()->isVisible()) << "it opens again";
+}
+
 TEST_F(HelpWindowShown, LeavesNothingOnTheDisk) {
   const QDir temporary(QDir::tempPath());
   const QStringList before = temporary.entryList(QDir::Dirs);

@@ -1,5 +1,6 @@
 #include "platform/qt/help_window.h"
 
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -94,6 +95,8 @@ HelpWindow::HelpWindow(const QString& file)
 
 /// The views go before the collection that they show.
 HelpWindow::~HelpWindow() {
+  // Events run while the search settles: a window that was closed just now must not end twice.
+  QCoreApplication::removePostedEvents(this, QEvent::DeferredDelete);
   collection_.Settle();
   collection_.Engine().searchEngine()->disconnect(this);
   collection_.Engine().contentModel()->disconnect(this);
