@@ -43,6 +43,9 @@ TEST(HeadlessSurface, TakesAPolylineAsOneOperation) {
   surface.Polyline(std::vector<Point>{{9, 9}});
   EXPECT_EQ(surface.Operations().size(), 1U) << "one point draws nothing";
   EXPECT_EQ(surface.CurrentX(), 2);
+  surface.Polyline(std::vector<Point>{{2, 3}, {4, 5}});
+  EXPECT_EQ(surface.Operations().size(), 2U) << "two are a line";
+  EXPECT_EQ(surface.CurrentX(), 4);
 }
 
 TEST(HeadlessSurface, MeasuresTextInLogicalUnits) {
