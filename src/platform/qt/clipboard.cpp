@@ -16,6 +16,10 @@ void SetText(const std::string& text) {
   QGuiApplication::clipboard()->setText(ToQString(text));
 }
 
+std::string GetText() {
+  return FromQString(QGuiApplication::clipboard()->text());
+}
+
 void SetData(const QImage& bitmap) {
   QGuiApplication::clipboard()->setImage(bitmap);
 }
