@@ -14,6 +14,7 @@
 #include <filesystem>
 #include <system_error>
 
+#include "materials/browser_opening.h"
 #include "materials/data_sources.h"
 #include "persistence/setup_file.h"
 #include "platform/failure.h"
@@ -60,6 +61,7 @@ void frmHalvorneMain::Form_Load() try {
           kAddDataSource);
   MakeDSN("pzmatls", kDatabaseDriver, ProgramPath("\\Database\\pzmatls.mdb").string(),
           kAddDataSource);
+  OfferMaterialBrowsers();
   ReadHalvorneSetup();
   fileArray_.resize(1);
   CMDialog1.CancelError = true;
