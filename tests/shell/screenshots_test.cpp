@@ -73,7 +73,29 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
     open();
   }
 
+  /// Opens a material browser through its dialog, takes it as it comes and at its smallest, and
+  /// closes it.
+  void TakeBrowser(const char* menu, const char* form, const char* button, const char* browser) {
+    script.ExpectForm(form, [button](QWidget& window) {
+      QTest::mouseClick(window.findChild<QAbstractButton*>("CmdView(1)"), Qt::LeftButton);
+      QTest::mouseClick(window.findChild<QAbstractButton*>(button), Qt::LeftButton);
+    });
+    script.ExpectForm(browser, [this, browser](QWidget& window) {
+      QTest::keyClick(window.focusWidget(), Qt::Key_Down);
+      Take(window, browser);
+      window.resize(window.minimumSize());
+      Take(window, std::string(browser) + "_smallest");
+      window.close();
+    });
+    if (std::string_view(browser) == "frmAcousticDB") {
+      script.ExpectForm(form, [](QWidget& window) { window.close(); });
+    }
+    ClickMenu(menu);
+  }
+
   void TakeDialogs() {
+    TakeBrowser("mnuInputPiezo", "frmPiezoEntry", "cmdOpenPiezoDB", "frmPiezoDB");
+    TakeBrowser("mnuInputFP", "frmFaceEntry", "cmdOpenAcousticDB", "frmAcousticDB");
     TakeDialog("frmSizeEntry", {}, [&] { ClickMenu("mnuInputSz"); });
     TakeDialog("frmElecTermEntry", {}, [&] { ClickMenu("mnuInputElTerm"); });
     TakeDialog("frmDisplayOpt", {"CmdView(0)", "CmdView(1)", "CmdView(2)"},
