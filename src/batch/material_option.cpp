@@ -60,9 +60,12 @@ std::vector<MaterialCell> FindRecord(const OpenedStore& store, const std::string
 
 void Apply(const MaterialChoice& choice) {
   switch (choice.target) {
-    case MaterialChoice::Target::kPiezo:
-      TakePiezoRecord(choice.cells, design.PZMatl(choice.index));
+    case MaterialChoice::Target::kPiezo: {
+      PiezoMaterial material;
+      TakePiezoRecord(choice.cells, material);
+      StorePiezoMaterial(choice.index, material);
       break;
+    }
     case MaterialChoice::Target::kFace:
       TakeAcousticRecord(choice.cells, design.FaceMatl(choice.index));
       break;

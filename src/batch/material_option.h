@@ -24,8 +24,9 @@ MaterialChoice ReadMaterialChoice(const std::string& text);
 /// name that is not there, CommandFailed when a database cannot be read.
 void FindMaterials(std::vector<MaterialChoice>& choices);
 
-/// Puts the records into the design with the corrections of the browsers, then makes derived values
-/// anew. Raises CommandFailed for a record that holds words or nothing where a number belongs.
+/// Puts the records into the design as the browsers and the OK of the layers dialog do, then makes
+/// derived values anew. Raises CommandFailed for a record that holds words or nothing where a
+/// number belongs.
 void ApplyMaterials(const std::vector<MaterialChoice>& choices);
 
 }  // namespace halvorne::batch

@@ -9,6 +9,7 @@
 #include "dialogs/thickness_boxes.h"
 #include "engine/piezo_section.h"
 #include "persistence/dispersion_file.h"
+#include "persistence/material_records.h"
 #include "platform/number_text.h"
 #include "plot/plot_select.h"
 
@@ -236,10 +237,7 @@ void frmPiezoEntry::cmdPiezoOK_Click() try {
   for (int layer = 1; layer <= design.NoPiezo; ++layer) {
     design.PZThick(layer) = draft.TmpPZThick(layer);
     design.PZPolarity(layer) = draft.TmpPZPolarity(layer);
-    design.PZMatl(layer) = draft.TmpPZMatl(layer);
-    if (design.PZMatl(layer).TanDe == 0) {
-      design.PZMatl(layer).TanDe = 0.00001;  // no loss at all could not be computed
-    }
+    StorePiezoMaterial(layer, draft.TmpPZMatl(layer));
   }
   PiezoConstants();
   PiezoLayers();

@@ -77,4 +77,11 @@ void TakeAcousticRecord(std::span<const MaterialCell> cells, AcousticMaterial& m
   material.DataSource = Text(*cell++);
 }
 
+void StorePiezoMaterial(int layer, const PiezoMaterial& material) {
+  design.PZMatl(layer) = material;
+  if (material.TanDe == 0) {
+    design.PZMatl(layer).TanDe = 0.00001;
+  }
+}
+
 }  // namespace halvorne

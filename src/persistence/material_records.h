@@ -35,4 +35,10 @@ void TakePiezoRecord(std::span<const MaterialCell> cells, PiezoMaterial& materia
 /// loss beyond that of 32 bits.
 void TakeAcousticRecord(std::span<const MaterialCell> cells, AcousticMaterial& material);
 
+/// Gives a layer of the design its material. An electrical loss of exactly 0 could not be computed
+/// and is stored as 0.00001.
+///
+/// @param layer  1 or 2
+void StorePiezoMaterial(int layer, const PiezoMaterial& material);
+
 }  // namespace halvorne

@@ -95,6 +95,12 @@ TEST_F(BatchMaterials, GoIntoALayerAsTheyStand) {
   EXPECT_EQ(bytes, ReadFile(setByHand));
 }
 
+TEST_F(BatchMaterials, WithoutElectricalLossCanBeCalculated) {
+  const std::string design = Path("new.dat");
+  Output({"recalc", kFile, "--material", "PZMatl(1)=Single_Crystals/Quartz X-cut", "-o", design});
+  EXPECT_THAT(ReadFile(design), HasSubstr("Quartz X-cut"));
+}
+
 TEST_F(BatchMaterials, GoIntoPlatesBeforeFieldsAreSetAndTheDesignIsCalculated) {
   const Words common{"recalc",     kFile,
                      "--material", "FaceMatl(1)=Metals/Aluminum",

@@ -192,6 +192,18 @@ TEST(MaterialRecords, ALossBeyond32BitsIsAnOverflow) {
   }
 }
 
+TEST(MaterialRecords, NoElectricalLossAtAllIsStoredAsATinyOne) {
+  PiezoMaterial material;
+  TakePiezoRecord(PiezoCells(), material);
+  StorePiezoMaterial(2, material);
+  EXPECT_EQ(design.PZMatl(2).Name, "PZT");
+  EXPECT_EQ(design.PZMatl(2).TanDe, 0.01);
+  material.TanDe = material.TanDm = 0;
+  StorePiezoMaterial(2, material);
+  EXPECT_EQ(design.PZMatl(2).TanDe, 0.00001);
+  EXPECT_EQ(design.PZMatl(2).TanDm, 0) << "the mechanical loss may be none";
+}
+
 TEST(MaterialRecords, WhatStandsBeforeAFailingFieldIsTakenAlready) {
   AcousticMaterial material;
   material.LossFreq = 7;
