@@ -1,5 +1,6 @@
 #include "materials/cell_editor.h"
 
+#include <QEvent>
 #include <QLineEdit>
 #include <QLocale>
 #include <QRegularExpression>

@@ -4,6 +4,7 @@
 #include <QSqlField>
 #include <QSqlIndex>
 #include <QSqlQuery>
+#include <QTextDocument>
 #include <charconv>
 #include <cmath>
 
