@@ -114,7 +114,7 @@ void frmFaceEntry::FillRow(int index) {
 void frmFaceEntry::ShowMaterialOf(int index) {
   const auto i = static_cast<std::size_t>(index);
   const AcousticMaterial& plate = draft.TmpAcMatl(index + 1);
-  lblFaceMatl.at(i)->ShowWords(ToQString(plate.Name));
+  lblFaceMatl.at(i)->setText(ToQString(plate.Name));
   lblZ.at(i)->setText(ToQString(Format(plate.Density * plate.Velocity / 1000000, "#0.00")));
 }
 

@@ -5,10 +5,10 @@
 #include <QPushButton>
 
 #include "dialogs/dispersion_page.h"
-#include "dialogs/elided_label.h"
 #include "dialogs/material_page.h"
 #include "dialogs/number_stepper.h"
 #include "engine/design_model.h"
+#include "platform/qt/eliding_label.h"
 #include "platform/qt/modal_dialog.h"
 
 namespace halvorne {
@@ -103,7 +103,7 @@ class frmFaceEntry final : public ModalDialog {
   ArrowButton *CmdFaceNumberUP, *CmdFaceNumberDown;
   QCheckBox* chkAcVelDisp;
   std::array<QLabel*, kMaxPlates> lblFaceNum, lblZ;
-  std::array<ElidedLabel*, kMaxPlates> lblFaceMatl;
+  std::array<ElidingLabel*, kMaxPlates> lblFaceMatl;
   std::array<QLineEdit*, kMaxPlates> txtFaceArea, txtFaceLambda, txtFaceMM;
 
   QLineEdit* txtMatlLayer;

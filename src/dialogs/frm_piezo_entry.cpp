@@ -53,7 +53,7 @@ void frmPiezoEntry::Form_Load() try {
   fraConnection->setVisible(two);
   optPiezoNum[two ? 1 : 0]->setChecked(true);
   for (int layer = 1; layer <= draft.TmpNoPiezo; ++layer) {
-    lblPZName[layer - 1]->ShowWords(ToQString(draft.TmpPZMatl(layer).Name));
+    lblPZName[layer - 1]->setText(ToQString(draft.TmpPZMatl(layer).Name));
     SetBoxText(txtPZmm[layer - 1], MillimetreText(draft.TmpPZThick(layer)));
     ShowPolarity(layer);
   }
@@ -91,7 +91,7 @@ void frmPiezoEntry::optPiezoNum_Click(int index) try {
     entry.CurPZLayer = 1;
   } else {
     fraConnection->show();
-    lblPZName[1]->ShowWords(ToQString(draft.TmpPZMatl(2).Name));
+    lblPZName[1]->setText(ToQString(draft.TmpPZMatl(2).Name));
     entry.ThicknessFocus = kMillimetresLead;
     SetBoxText(txtPZmm[1], MillimetreText(draft.TmpPZThick(2)));
     // Kept: the front layer starts at "+", whatever was stored.

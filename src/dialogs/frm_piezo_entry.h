@@ -8,9 +8,9 @@
 
 #include "dialogs/click_box.h"
 #include "dialogs/dispersion_page.h"
-#include "dialogs/elided_label.h"
 #include "dialogs/material_page.h"
 #include "engine/design_model.h"
+#include "platform/qt/eliding_label.h"
 #include "platform/qt/modal_dialog.h"
 
 namespace halvorne {
@@ -81,7 +81,7 @@ class frmPiezoEntry final : public ModalDialog {
   QGroupBox *fraNumPiezoLyr, *fraConnection;
   QRadioButton *optPiezoNum[2], *optPZConnect[2];
   QLabel *lblNoPzLayers, *lblPiezoNum[2];
-  ElidedLabel* lblPZName[2];
+  ElidingLabel* lblPZName[2];
   QLineEdit *txtPZLambda[2], *txtPZmm[2];
   ClickBox* txtPZpolar[2];
 

@@ -36,7 +36,7 @@ void frmPiezoEntry::CopyTextToTemp() try {
   for (int layer = 1; layer <= kMaxPiezo; ++layer) {
     const double lambdas = LambdasOf(BoxValue(txtPZmm[layer - 1]), draft.TmpPZMatl(layer).Velocity);
     SetBoxText(txtPZLambda[layer - 1], Format(lambdas, kThicknessPattern));
-    lblPZName[layer - 1]->ShowWords(ToQString(draft.TmpPZMatl(layer).Name));
+    lblPZName[layer - 1]->setText(ToQString(draft.TmpPZMatl(layer).Name));
   }
 } catch (...) {
   ReportFailure("CopyTextToTemp", "frmPiezoEntry");

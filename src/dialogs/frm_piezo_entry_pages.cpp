@@ -90,7 +90,7 @@ QGroupBox* frmPiezoEntry::MakeConnectionFrame() {
 void frmPiezoEntry::MakeLayerRow(QGridLayout* grid, int index) {
   const QString layer = index == 0 ? QStringLiteral("Rear") : QStringLiteral("Front");
   lblPiezoNum[index] = Named(new QLabel(layer), "lblPiezoNum", index);
-  lblPZName[index] = Named(new ElidedLabel, "lblPZName", index);
+  lblPZName[index] = Named(new ElidingLabel(Qt::ElideRight, 26), "lblPZName", index);
   txtPZLambda[index] = Named(new QLineEdit, "txtPZLambda", index);
   txtPZmm[index] = Named(new QLineEdit, "txtPZmm", index);
   txtPZpolar[index] =
