@@ -37,6 +37,15 @@ class DialogDriver {
     QTest::keyClicks(box, QString::fromLatin1(text));
   }
 
+  /// Replaces a box's text, which must stay as it is typed, and moves on with the Tab key; returns
+  /// what the box shows then.
+  std::string TypeAndLeave(const char* name, const char* text) const {
+    Type(name, text);
+    EXPECT_EQ(Text(name), text) << "nobody's typing is disturbed";
+    QTest::keyClick(Find<QLineEdit>(name), Qt::Key_Tab);
+    return Text(name);
+  }
+
   void Click(const char* name) const {
     auto* const button = Find<QAbstractButton>(name);
     QTest::mouseClick(button, Qt::LeftButton, Qt::NoModifier, QPoint(8, button->height() / 2));
