@@ -196,6 +196,12 @@ struct Draft {
   DispersionNames VelDispNamesBackup;
 
   NetworkRows TmpElNet;
+  std::int16_t ElRow = 0;     ///< row of it that is being worked on, 1 to 20
+  std::int16_t ElAction = 0;  ///< 1 insert, 2 change
+
+  /// Option of frmAcoustLoad that was clicked last on a side, 0 real, 1 complex; never put back.
+  std::int16_t LastFrontLoadOption = 0;
+  std::int16_t LastBackLoadOption = 0;
 
   std::int16_t TmpExciteType = 0;
   std::int16_t TmpExciteWave = 0;
