@@ -122,7 +122,11 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void mnuInputSz_Click();
   void mnuInputFP_Click();
   void mnuInputBP_Click();
+  void mnuInputLoad_Click();
   void mnuInputElTerm_Click();
+  void mnuInputElNet_Click();
+  void mnuInputFreqPts_Click();
+  void mnuInputTimePts_Click();
   void mnuOptionsItem_Click(int index);
   void mnuHelpItem_Click(int index);
   void Picture1_DblClick();

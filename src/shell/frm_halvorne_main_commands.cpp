@@ -1,9 +1,7 @@
 #include <array>
 #include <string>
 
-#include "dialogs/frm_elec_term_entry.h"
-#include "dialogs/frm_size_entry.h"
-#include "dialogs/input_commands.h"
+#include "dialogs/frm_excite.h"
 #include "platform/failure.h"
 #include "platform/file_failure.h"
 #include "platform/messages.h"
@@ -42,7 +40,7 @@ frmHalvorneMain::Procedure frmHalvorneMain::ProcedureOf(const MenuRow& row) {
     std::string_view name;
     void (frmHalvorneMain::*click)();
   };
-  static constexpr std::array<Single, 9> singles{{
+  static constexpr std::array<Single, 13> singles{{
       {"mnuEditCopyGraph", &frmHalvorneMain::mnuEditCopyGraph_Click},
       {"mnuEditCopyGraphData", &frmHalvorneMain::mnuEditCopyGraphData_Click},
       {"mnuEditCopyStats", &frmHalvorneMain::mnuEditCopyStats_Click},
@@ -51,7 +49,11 @@ frmHalvorneMain::Procedure frmHalvorneMain::ProcedureOf(const MenuRow& row) {
       {"mnuInputSz", &frmHalvorneMain::mnuInputSz_Click},
       {"mnuInputFP", &frmHalvorneMain::mnuInputFP_Click},
       {"mnuInputBP", &frmHalvorneMain::mnuInputBP_Click},
+      {"mnuInputLoad", &frmHalvorneMain::mnuInputLoad_Click},
       {"mnuInputElTerm", &frmHalvorneMain::mnuInputElTerm_Click},
+      {"mnuInputElNet", &frmHalvorneMain::mnuInputElNet_Click},
+      {"mnuInputFreqPts", &frmHalvorneMain::mnuInputFreqPts_Click},
+      {"mnuInputTimePts", &frmHalvorneMain::mnuInputTimePts_Click},
   }};
   for (const Single& single : singles) {
     if (row.name == single.name) {
@@ -130,28 +132,10 @@ void frmHalvorneMain::mnuEditSaveGraphData_Click() try {
   ReportFileFailure("Open Error");
 }
 
-void frmHalvorneMain::mnuInputPiezo_Click() try { EnterPiezoLayers(this); } catch (...) {
-  ReportFailure("mnuInputPiezo_Click", "frmHalvorneMain");
-}
-
-void frmHalvorneMain::mnuInputFP_Click() try { EnterPlates("Face", this); } catch (...) {
-  ReportFailure("mnuInputFP_Click", "frmHalvorneMain");
-}
-
-void frmHalvorneMain::mnuInputBP_Click() try { EnterPlates("Back", this); } catch (...) {
-  ReportFailure("mnuInputBP_Click", "frmHalvorneMain");
-}
-
-void frmHalvorneMain::mnuInputSz_Click() try { frmSizeEntry(this).exec(); } catch (...) {
-  ReportFailure("mnuInputSz_Click", "frmHalvorneMain");
-}
-
-void frmHalvorneMain::mnuInputElTerm_Click() try { frmElecTermEntry(this).exec(); } catch (...) {
-  ReportFailure("mnuInputElTerm_Click", "frmHalvorneMain");
-}
-
 void frmHalvorneMain::mnuOptionsItem_Click(int index) try {
-  if (index == 1) {
+  if (index == 0) {
+    frmExcite(this).exec();
+  } else if (index == 1) {
     frmPlotScaleEntry(this).exec();
   } else if (index == 2) {
     frmDisplayOpt(this).exec();

@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QApplication>
 #include <QMenu>
 
 #include "platform/failure.h"
@@ -77,11 +78,17 @@ void frmHalvorneMain::SetEnabled(Item item, bool enabled) {
   }
 }
 
+/// A dialog that is open shows the pointer too: the calculation of its OK runs before it closes.
 void frmHalvorneMain::SetMousePointer(int pointer) {
-  if (pointer == kBusyPointer) {
-    setCursor(Qt::WaitCursor);
-  } else {
-    unsetCursor();
+  for (QWidget* window : {static_cast<QWidget*>(this), QApplication::activeModalWidget()}) {
+    if (window == nullptr) {
+      continue;
+    }
+    if (pointer == kBusyPointer) {
+      window->setCursor(Qt::WaitCursor);
+    } else {
+      window->unsetCursor();
+    }
   }
 }
 

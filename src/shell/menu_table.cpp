@@ -90,13 +90,8 @@ constexpr std::array kWithoutWindow = std::to_array<std::string_view>({
     "mnuFileItem(6)",     // the print command
     "cmdPrintReport",     //
     "mnuEditCopyInputs",  // the parameter text
-    "mnuInputLoad",       // frmAcoustLoad
-    "mnuInputElNet",      // frmElNetEntry
-    "mnuInputFreqPts",    // frmFreqEntry
-    "mnuInputTimePts",    // frmTimeEntry
     "mnuInputView",       // frmInputList
     "cmdViewInputs",      //
-    "mnuOptionsItem(0)",  // frmExcite
 });
 
 }  // namespace

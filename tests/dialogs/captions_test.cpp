@@ -7,10 +7,16 @@
 
 #include "dialogs/dialog_driver.h"
 #include "dialogs/entry_state.h"
+#include "dialogs/frm_acoust_load.h"
+#include "dialogs/frm_el_net_entry.h"
 #include "dialogs/frm_elec_term_entry.h"
+#include "dialogs/frm_enter_element.h"
+#include "dialogs/frm_excite.h"
 #include "dialogs/frm_face_entry.h"
+#include "dialogs/frm_freq_entry.h"
 #include "dialogs/frm_piezo_entry.h"
 #include "dialogs/frm_size_entry.h"
+#include "dialogs/frm_time_entry.h"
 #include "engine/design_model.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
@@ -26,6 +32,7 @@ struct Words {
   std::vector<std::string> buttons;  ///< "name: caption"
   std::vector<std::string> frames;   ///< titles
   std::vector<std::string> labels;   ///< fixed texts
+  std::string title;                 ///< of the window; empty: another test reads it
 };
 
 template <class Dialog>
@@ -95,6 +102,69 @@ const std::vector<Words> kWords{
       "MHz",
       "Current layer",
       "Current Backplate"}},
+    {"frmFreqEntry",
+     Make<frmFreqEntry>,
+     {"optKHz: kHz", "optMHz: MHz", "optGHz: GHz", "cmdFreqOK: OK", "cmdFreqCancel: Cancel"},
+     {"Frequency units:"},
+     {"Start frequency: ", "Stop frequency:", "Number of calculated points:",
+      "Design center frequency Fd:"},
+     "Frequency Scale"},
+    {"frmTimeEntry",
+     Make<frmTimeEntry>,
+     {"optPoints(0): 256", "optPoints(1): 512", "optPoints(2): 1024", "optPoints(3): 2048",
+      "optPoints(4): 4096", "optPoints(5): 8192", "optPoints(6): 16384", "optPoints(7): 32768",
+      "optPoints(8): 65536", "CmdTimeOK: OK", "CmdTimeCancel: Cancel"},
+     {"Size of Inverse Fast Fourier Transform", "Related parameters"},
+     {},
+     "Time Window Points"},
+    {"frmAcoustLoad",
+     Make<frmAcoustLoad>,
+     {"OptBackLoad(0): Real", "OptBackLoad(1): Complex", "CmdLoadBackComplex: Select File",
+      "OptFrontLoad(0): Real", "OptFrontLoad(1): Complex", "CmdLoadFrontComplex: Select File",
+      "cmdAcoustTermOK: OK", "cmdAcoustTermCancel: Cancel"},
+     {"Rear Medium (Acoustic Backing)", "Front Medium (Acoustic Load)"},
+     {"MRayls"},
+     "Acoustic Terminations"},
+    {"frmExcite",
+     Make<frmExcite>,
+     {"optXwfmSource(0): None - Use impulse", "optXwfmSource(1): Calculated tone burst",
+      "optXwfmSource(2): Data file", "optSineSquare(0): Sine wave", "optSineSquare(1): Square wave",
+      "cmdOpenExciteFile: Select File", "cmdExciteOK: OK", "cmdExciteCancel: Cancel"},
+     {},
+     {"degrees"},
+     "Excitation Waveforms"},
+    {"frmElNetEntry",
+     Make<frmElNetEntry>,
+     {"cmdInsert: Insert Element", "cmdChangeValue: Change Value", "cmdDelete: Delete Element",
+      "cmdDeleteAll: Delete All", "cmdElnetOK: OK", "cmdElnetCancel: Cancel"},
+     {},
+     {},
+     "Electrical Matching Network"},
+    {"frmEnterElement",
+     Make<frmEnterElement>,
+     {"optElSelect(0): Blank",
+      "optElSelect(1): Series R",
+      "optElSelect(2): Shunt R",
+      "optElSelect(3): Series L",
+      "optElSelect(4): Shunt L",
+      "optElSelect(5): Series C",
+      "optElSelect(6): Shunt C",
+      "optElSelect(7): Coaxial cable",
+      "optElSelect(8): Ideal transformer",
+      "optElSelect(9): Non-ideal transformer",
+      "optElSelect(10): Series Circuit A",
+      "optElSelect(11): Series Circuit B",
+      "optElSelect(12): Series Circuit C",
+      "optElSelect(13): Series Circuit E",
+      "optElSelect(14): Shunt Circuit B",
+      "optElSelect(15): Shunt Circuit C",
+      "optElSelect(16): Shunt Circuit D",
+      "optElSelect(17): Multiple Identical Piezoelectric Layers",
+      "cmdElSelectOK: OK",
+      "cmdElSelectCancel: Cancel"},
+     {},
+     {"HP 4194A Circuits:"},
+     "Enter Element"},
     {"frmPlotScaleEntry",
      Make<frmPlotScaleEntry>,
      {"CmdShow(0): Amplitude", "CmdShow(1): Frequency", "CmdShow(2): Time", "optAmplAuto: Auto",
@@ -139,6 +209,9 @@ bool Holds(const QDialog& dialog, const std::string& text, Text textOf) {
 TEST_P(Captions, StandLetterByLetter) {
   const std::unique_ptr<QDialog> dialog = GetParam().make();
   EXPECT_EQ(dialog->objectName().toStdString(), GetParam().form);
+  if (!GetParam().title.empty()) {
+    EXPECT_EQ(dialog->windowTitle().toStdString(), GetParam().title);
+  }
   std::vector<std::string> buttons;
   for (const auto* button : dialog->findChildren<QAbstractButton*>()) {
     buttons.push_back((button->objectName() + ": " + button->text()).toStdString());

@@ -124,6 +124,11 @@ TEST_F(Commands, OpenTheirDialogs) {
   };
   for (const auto& [command, form] : {std::pair{"mnuInputElTerm", "frmElecTermEntry"},
                                       {"mnuInputSz", "frmSizeEntry"},
+                                      {"mnuInputLoad", "frmAcoustLoad"},
+                                      {"mnuInputElNet", "frmElNetEntry"},
+                                      {"mnuInputFreqPts", "frmFreqEntry"},
+                                      {"mnuInputTimePts", "frmTimeEntry"},
+                                      {"mnuOptionsItem(0)", "frmExcite"},
                                       {"mnuOptionsItem(1)", "frmPlotScaleEntry"},
                                       {"mnuOptionsItem(2)", "frmDisplayOpt"},
                                       {"mnuHelpItem(3)", "frmAbout"}}) {

@@ -1,5 +1,6 @@
 #include <QAction>
 #include <QDir>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QProcess>
@@ -9,6 +10,7 @@
 #include <QTreeView>
 #include <fstream>
 
+#include "engine/design_model.h"
 #include "platform/qt/help_viewer.h"
 #include "shell/dark_palette.h"
 #include "shell/frm_startup.h"
@@ -64,7 +66,7 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
       for (const std::string& page : pages) {
         auto* const button = window.findChild<QAbstractButton*>(QString::fromStdString(page));
         if (button->isEnabled()) {
-          QTest::mouseClick(button, Qt::LeftButton);
+          QTest::mouseClick(button, Qt::LeftButton, {}, QPoint(8, button->height() / 2));
           Take(window, form + "_" + button->text().toLower().toStdString());
         }
       }
@@ -98,6 +100,11 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
     TakeBrowser("mnuInputFP", "frmFaceEntry", "cmdOpenAcousticDB", "frmAcousticDB");
     TakeDialog("frmSizeEntry", {}, [&] { ClickMenu("mnuInputSz"); });
     TakeDialog("frmElecTermEntry", {}, [&] { ClickMenu("mnuInputElTerm"); });
+    TakeDialog("frmFreqEntry", {"optKHz", "optMHz"}, [&] { ClickMenu("mnuInputFreqPts"); });
+    TakeDialog("frmTimeEntry", {}, [&] { ClickMenu("mnuInputTimePts"); });
+    TakeLoads();
+    TakeExcitations();
+    TakeNetwork();
     TakeDialog("frmDisplayOpt", {"CmdView(0)", "CmdView(1)", "CmdView(2)"},
                [&] { ClickMenu("mnuOptionsItem(2)"); });
     TakeDialog("frmAbout", {}, [&] { ClickMenu("mnuHelpItem(3)"); });
@@ -123,6 +130,45 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
       }
     }
     EndHelp();
+  }
+
+  /// The loads of both sides, real and from a file.
+  void TakeLoads() {
+    design.ZFrontComplex = false;
+    design.ZBackComplex = true;
+    design.ZBackFile = Folder().string() + "/Acoustic loads/Mounting line behind the backing.lac";
+    design.ZBackComment = "A line of 12 mm behind the backing, which ends in air";
+    TakeDialog("frmAcoustLoad", {}, [&] { ClickMenu("mnuInputLoad"); });
+  }
+
+  /// No excitation, both bursts, and a file.
+  void TakeExcitations() {
+    design.ExciteType = 0;
+    TakeDialog("frmExcite", {"optXwfmSource(0)", "optXwfmSource(1)", "optSineSquare(1)"},
+               [&] { ClickMenu("mnuOptionsItem(0)"); });
+    design.ExciteType = 2;
+    design.ExciteFileName = Folder().string() + "/EXCITE/Gaussian pulse 5 MHz.xct";
+    design.ExciteComment = "Gaussian pulse at 5 MHz, sampled at 100 MHz";
+    TakeDialog("frmExcite", {"optXwfmSource(2)"}, [&] { ClickMenu("mnuOptionsItem(0)"); });
+  }
+
+  /// The list of elements and each element's values.
+  void TakeNetwork() {
+    script.ExpectForm("frmElNetEntry", [&](QWidget& window) {
+      auto* const list = window.findChild<QListWidget*>(QStringLiteral("lstElNet"));
+      list->setCurrentRow(0);
+      Take(window, "frmElNetEntry");
+      std::vector<std::string> elements;
+      for (int code = 0; code <= 17; ++code) {
+        elements.push_back("optElSelect(" + std::to_string(code) + ")");
+      }
+      TakeDialog("frmEnterElement", elements, [&] {
+        QTest::mouseClick(window.findChild<QAbstractButton*>(QStringLiteral("cmdInsert")),
+                          Qt::LeftButton);
+      });
+      window.close();
+    });
+    ClickMenu("mnuInputElNet");
   }
 
   void TakeMenus() {
