@@ -23,8 +23,8 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 17>& Options() {
-  static const std::array<Option, 17> options{{
+const std::array<Option, 21>& Options() {
+  static const std::array<Option, 21> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
@@ -41,7 +41,17 @@ const std::array<Option, 17>& Options() {
        "NAME=VALUE",
        kDesign,
        "set a field of the design, in SI units; any number of times"},
-      {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all --material and --set"},
+      {{"front-load"},
+       "FILE",
+       kDesign,
+       "take the front acoustic load from a file, after all --set"},
+      {{"back-load"}, "FILE", kDesign, "take the rear acoustic load from a file"},
+      {{"excitation"}, "FILE", kDesign, "take the excitation waveform from a file"},
+      {{"burst"},
+       "F,N,T,P,K[,square]",
+       kDesign,
+       "excite by a tone burst: frequency in Hz, cycles, delay in s, phase in degrees, points"},
+      {{"recalc"}, nullptr, kDesign, "calculate the design anew, after all of these"},
       {{"phase"},
        "P",
        kDesign,
@@ -183,6 +193,24 @@ void ReadOutput(const QCommandLineParser& parser, Request& request) {
   }
 }
 
+/// The bytes of an option; nothing when it is not given.
+std::optional<std::string> Given(const QCommandLineParser& parser, const char* name) {
+  const QString value = Value(parser, name);
+  return parser.isSet(name) ? std::optional(Bytes(value)) : std::nullopt;
+}
+
+void ReadSideInputs(const QCommandLineParser& parser, SideInputs& inputs) {
+  inputs.frontLoad = Given(parser, "front-load");
+  inputs.backLoad = Given(parser, "back-load");
+  inputs.excitation = Given(parser, "excitation");
+  if (const auto burst = Given(parser, "burst")) {
+    inputs.burst = ReadBurst(*burst);
+  }
+  if (inputs.excitation && inputs.burst) {
+    throw WrongCommandLine("--excitation and --burst exclude one another");
+  }
+}
+
 void ReadSettings(const QCommandLineParser& parser, Request& request) {
   request.table = Bytes(Value(parser, "table"));
   request.find = Bytes(Value(parser, "find"));
@@ -192,6 +220,7 @@ void ReadSettings(const QCommandLineParser& parser, Request& request) {
   for (const QString& text : parser.values("set")) {
     request.settings.push_back(ReadSetting(Bytes(text)));
   }
+  ReadSideInputs(parser, request.side);
   request.phase = WholeNumber(parser, "phase", 0, 2, request.phase);
   request.logRange = Number(parser, "log-range", 1, 200, request.logRange);
   request.timeWindow = Number(parser, "time-window", 0.25, 99.5, request.timeWindow);

@@ -7,6 +7,7 @@
 
 #include "batch/material_option.h"
 #include "batch/set_option.h"
+#include "batch/side_file_options.h"
 
 namespace halvorne::batch {
 
@@ -32,6 +33,7 @@ struct Request {
   std::vector<Setting> settings;
   std::string table;  ///< of materials; empty: all
   std::string find;   ///< of materials: what their names hold
+  SideInputs side;
 
   // Display settings, as in the setup file.
   int phase = 0;

@@ -65,6 +65,7 @@ void OpenDesign(Session& session) {
   ShowPlotAfterOpen();
   ApplyMaterials(materials);
   ApplySettings(request.settings);
+  ApplySideInputs(request.side);
   if (request.recalc) {
     Recalc();
   }

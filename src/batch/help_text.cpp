@@ -10,8 +10,10 @@ namespace {
 constexpr const char* kHead =
     "halvorne-batch: designs of ultrasonic transducers without a window\n"
     "\n"
-    "The design file IN is opened with its stored curves; then --material, then --set, then\n"
-    "--recalc, then the plot and its data form. Results go to standard output unless -o is given.\n"
+    "The design file IN is opened with its stored curves; then --material, then --set, then loads\n"
+    "and excitation, then --recalc, then the plot and its data form. Results go to standard "
+    "output\n"
+    "unless -o is given.\n"
     "\n"
     "Commands:\n";
 
