@@ -13,7 +13,7 @@ namespace halvorne {
 /// @param unit  null when the number has none
 void AddEntryRow(QGridLayout* grid, int row, QLabel* caption, QLineEdit* box, QLabel* unit);
 
-/// Retains the place of a control that comes and goes.
+/// Lets a control's place stay empty while it is hidden.
 void KeepPlaceWhenHidden(QWidget* control);
 
 /// The row below a dialog's contents: its default button and the one that closes it.

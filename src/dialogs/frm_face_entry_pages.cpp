@@ -3,6 +3,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "dialogs/entry_layout.h"
 #include "dialogs/entry_state.h"
 #include "dialogs/frm_face_entry.h"
 #include "dialogs/large_dialog_layout.h"

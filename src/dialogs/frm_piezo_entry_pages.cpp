@@ -2,6 +2,7 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 
+#include "dialogs/entry_layout.h"
 #include "dialogs/entry_state.h"
 #include "dialogs/frm_piezo_entry.h"
 #include "dialogs/large_dialog_layout.h"

@@ -79,12 +79,6 @@ QGroupBox* OptionsFrame(const QString& caption, QRadioButton* const (&options)[2
   return frame;
 }
 
-void KeepPlaceWhenHidden(QWidget* control) {
-  QSizePolicy policy = control->sizePolicy();
-  policy.setRetainSizeWhenHidden(true);
-  control->setSizePolicy(policy);
-}
-
 void LeadTabThrough(std::span<QWidget* const> order) {
   for (std::size_t i = 1; i < order.size(); ++i) {
     QWidget::setTabOrder(order[i - 1], order[i]);

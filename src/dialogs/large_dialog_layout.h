@@ -40,9 +40,6 @@ void LayOutMaterialPage(QVBoxLayout* page, QWidget* layers, QGridLayout* fields,
 /// A frame with two options in a row.
 QGroupBox* OptionsFrame(const QString& caption, QRadioButton* const (&options)[2]);
 
-/// Lets a control's place stay empty while it is hidden.
-void KeepPlaceWhenHidden(QWidget* control);
-
 /// Lets the Tab key lead through the controls in that order.
 void LeadTabThrough(std::span<QWidget* const> order);
 
