@@ -1,10 +1,14 @@
 #include "platform/clock.h"
 
+#include <charconv>
+#include <cstdlib>
 #include <ctime>
 #include <iomanip>
 #include <locale>
+#include <optional>
 #include <sstream>
 #include <stdexcept>
+#include <string_view>
 
 namespace halvorne {
 
@@ -22,11 +26,26 @@ const std::locale& UserLocale() {
   return user;
 }
 
+/// What SOURCE_DATE_EPOCH holds; none where it is not set or no time up to the year 9999.
+std::optional<std::time_t> FixedTime() {
+  constexpr std::time_t lastSecond = 253402300799;
+  const char* const variable = std::getenv("SOURCE_DATE_EPOCH");
+  const std::string_view text = variable != nullptr ? variable : "";
+  std::time_t seconds = 0;
+  const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), seconds);
+  const bool whole = error == std::errc() && end == text.data() + text.size();
+  return whole && seconds >= 0 && seconds <= lastSecond ? std::optional(seconds) : std::nullopt;
+}
+
 }  // namespace
 
+std::time_t Now() {
+  return FixedTime().value_or(std::time(nullptr));
+}
+
 std::string DateTimeText() {
-  const std::time_t now = std::time(nullptr);
-  const std::tm local = *std::localtime(&now);
+  const std::time_t now = Now();
+  const std::tm local = FixedTime() ? *std::gmtime(&now) : *std::localtime(&now);
   std::ostringstream text;
   text.imbue(UserLocale());
   text << std::put_time(&local, "%x %X");

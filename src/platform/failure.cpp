@@ -29,6 +29,8 @@ const char* FailureDescription(int number) {
       return "Path/File access error";
     case failure_number::kPathNotFound:
       return "Path not found";
+    case failure_number::kPrinter:
+      return "Printer error";
     case failure_number::kCancelled:
       return "Cancel was selected.";
     default:

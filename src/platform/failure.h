@@ -19,6 +19,7 @@ inline constexpr int kInputPastEnd = 62;
 inline constexpr int kPermissionDenied = 70;
 inline constexpr int kPathFileAccess = 75;
 inline constexpr int kPathNotFound = 76;
+inline constexpr int kPrinter = 482;
 inline constexpr int kCancelled = 32755;
 }  // namespace failure_number
 

@@ -1,8 +1,22 @@
 #include "platform/headless_surface.h"
 
+#include <algorithm>
+
 namespace halvorne {
 namespace {
 constexpr double kPixelsPerPoint = 96.0 / 72.0;
+constexpr std::string_view kLineEnd = "\r\n";
+
+std::vector<std::string_view> Lines(std::string_view text) {
+  std::vector<std::string_view> lines;
+  for (std::size_t end = text.find(kLineEnd); end != std::string_view::npos;
+       end = text.find(kLineEnd)) {
+    lines.push_back(text.substr(0, end));
+    text.remove_prefix(end + kLineEnd.size());
+  }
+  lines.push_back(text);
+  return lines;
+}
 }  // namespace
 
 DrawnOperation& HeadlessSurface::Write(DrawnOperation::Kind kind) {
@@ -50,7 +64,11 @@ void HeadlessSurface::Print(std::string_view text) {
   DrawnOperation& printed = Write(DrawnOperation::Kind::kText);
   printed.points = {pen_};
   printed.text = text;
-  pen_.x += TextWidth(text);
+  const auto lines = Lines(text);
+  for (std::size_t i = 1; i < lines.size(); ++i) {
+    PrintLineEnd();
+  }
+  pen_.x += TextWidth(lines.back());
 }
 
 void HeadlessSurface::PrintLineEnd() {
@@ -58,12 +76,17 @@ void HeadlessSurface::PrintLineEnd() {
 }
 
 double HeadlessSurface::TextWidth(std::string_view text) const {
-  const double pixels = 0.6 * state_.fontSize * kPixelsPerPoint * static_cast<double>(text.size());
+  std::size_t characters = 0;
+  for (const std::string_view line : Lines(text)) {
+    characters = std::max(characters, line.size());
+  }
+  const double pixels = 0.6 * state_.fontSize * kPixelsPerPoint * static_cast<double>(characters);
   return pixels * (corner2_.x - corner1_.x) / width_;
 }
 
-double HeadlessSurface::TextHeight(std::string_view /*text*/) const {
-  return 1.2 * state_.fontSize * kPixelsPerPoint * (corner2_.y - corner1_.y) / height_;
+double HeadlessSurface::TextHeight(std::string_view text) const {
+  const auto lines = static_cast<double>(Lines(text).size());
+  return 1.2 * state_.fontSize * lines * kPixelsPerPoint * (corner2_.y - corner1_.y) / height_;
 }
 
 void HeadlessSurface::NewPage() {

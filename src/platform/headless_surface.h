@@ -25,7 +25,8 @@ struct DrawnOperation {
 
 /// A surface that only writes down what it was told, for tests and for programs that show nothing.
 ///
-/// Its characters are all 0.6 of the font size wide and 1.2 of it high, at 96 dots an inch.
+/// Its characters, each byte one, are all 0.6 of the font size wide and 1.2 of it high, at 96 dots
+/// an inch. A text of several lines is one operation.
 class HeadlessSurface final : public Surface {
  public:
   explicit HeadlessSurface(SurfaceKind kind = SurfaceKind::kMainPicture, double widthPixels = 800,

@@ -20,5 +20,29 @@ TEST(DateTimeText, StandsALocaleThatIsNamedButNotInstalled) {
   ::setenv("LC_ALL", "C", 1);
 }
 
+/// Sets SOURCE_DATE_EPOCH for the length of a test.
+class FixedClock {
+ public:
+  explicit FixedClock(const char* seconds) { ::setenv("SOURCE_DATE_EPOCH", seconds, 1); }
+  ~FixedClock() { ::unsetenv("SOURCE_DATE_EPOCH"); }
+  FixedClock(const FixedClock&) = delete;
+  FixedClock& operator=(const FixedClock&) = delete;
+};
+
+TEST(DateTimeText, TakesTheTimeThatTheEnvironmentFixes) {
+  const FixedClock clock("1000000000");
+  EXPECT_EQ(Now(), 1000000000);
+  EXPECT_EQ(DateTimeText(), "09/09/01 01:46:40");
+}
+
+TEST(DateTimeText, PassesOverAFixedTimeThatIsNone) {
+  const std::time_t before = std::time(nullptr);
+  for (const char* text : {"", "soon", "12x", "-1", "1e9", "99999999999999999999"}) {
+    const FixedClock clock(text);
+    EXPECT_GE(Now(), before) << text;
+    EXPECT_LE(Now(), before + 600) << text;
+  }
+}
+
 }  // namespace
 }  // namespace halvorne

@@ -69,6 +69,18 @@ TEST(HeadlessSurface, LeavesThePenAtTheEndOfAText) {
   EXPECT_EQ(surface.CurrentY(), 20 + surface.TextHeight(""));
 }
 
+TEST(HeadlessSurface, EndsThePrintedLineWhereATextDoes) {
+  HeadlessSurface surface;
+  surface.Scale(0, 0, 800, 600);
+  surface.MoveTo(10, 20);
+  surface.Print("ab\r\ncde");
+  ASSERT_EQ(surface.Operations().size(), 2U) << "the scale and one text";
+  EXPECT_EQ(surface.CurrentX(), surface.TextWidth("cde"));
+  EXPECT_EQ(surface.CurrentY(), 20 + surface.TextHeight("cde"));
+  EXPECT_EQ(surface.TextWidth("abcd\r\ne"), surface.TextWidth("abcd")) << "the widest line";
+  EXPECT_NEAR(surface.TextHeight("abcd\r\n"), 2 * surface.TextHeight(""), 1e-12);
+}
+
 TEST(HeadlessSurface, KeepsWhatWasDrawnBeforeItWasCleared) {
   HeadlessSurface surface(SurfaceKind::kPrinter);
   EXPECT_EQ(surface.Kind(), SurfaceKind::kPrinter);
