@@ -1,8 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 namespace halvorne {
+
+/// All inputs of the design as text with tabs, for the clipboard and the list of inputs.
+/// @param details  1 with the material of the layers
+void ParasToClipboard(std::string& text, std::int16_t details);
 
 /// The plotted data as a table with tabs, for the clipboard.
 void GraphDataToClipboard(std::string& text);
