@@ -31,17 +31,10 @@ QRectF Grown(const QRectF& rectangle, double margin) {
 
 }  // namespace
 
-QFont PictureFont() {
-  QFont font;
-  font.setFamilies(
-      {QStringLiteral("Arial"), QStringLiteral("Liberation Sans"), QStringLiteral("DejaVu Sans")});
-  font.setStyleHint(QFont::SansSerif);
-  font.setPointSizeF(8);
-  return font;
-}
-
 DrawingSurface::DrawingSurface(SurfaceKind kind)
-    : kind_(kind), font_(PictureFont()), metrics_(font_) {}
+    : kind_(kind),
+      font_(kind == SurfaceKind::kMainPicture ? PictureFont() : PageFont()),
+      metrics_(font_) {}
 
 double DrawingSurface::HeightTwips() const {
   return canvas_.size.height() / canvas_.unitsPerPixel * kTwipsPerPixel;

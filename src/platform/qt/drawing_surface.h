@@ -11,13 +11,11 @@
 #include <QSizeF>
 #include <functional>
 
+#include "platform/qt/picture_font.h"
 #include "platform/qt/trace_thinning.h"
 #include "platform/surface.h"
 
 namespace halvorne {
-
-/// The font of all pictures, 8 points: a clean sans of the system.
-QFont PictureFont();
 
 /// Where a surface paints, in the painter's own units.
 struct Canvas {

@@ -44,14 +44,17 @@ void PainterSurface::Paint(const QRectF& /*touched*/, const std::function<void(Q
 
 void PainterSurface::NewPage() {
   Begin();
-  if (auto* paged = dynamic_cast<QPagedPaintDevice*>(&device_); paged != nullptr) {
-    paged->newPage();
+  if (auto* paged = dynamic_cast<QPagedPaintDevice*>(&device_);
+      paged != nullptr && !paged->newPage()) {
+    throw Failure(failure_number::kPrinter);
   }
   MoveTo(0, 0);
 }
 
 void PainterSurface::EndDoc() {
-  painter_.end();
+  if (painter_.isActive() && !painter_.end()) {
+    throw Failure(failure_number::kPrinter);
+  }
 }
 
 }  // namespace halvorne
