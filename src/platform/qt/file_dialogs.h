@@ -19,6 +19,8 @@ class CommonDialog {
   /// @param name  objectName of the dialogs it shows
   explicit CommonDialog(std::string name) : name_(std::move(name)) {}
 
+  const std::string& Name() const { return name_; }
+
   std::string InitDir;  ///< folder that the dialog shows
   std::string Filter;   ///< "text|pattern|text|pattern"
   int FilterIndex = 1;  ///< chosen pair of it, from 1

@@ -27,8 +27,9 @@ class ModalDialog : public QDialog {
   /// @param title  caption
   ModalDialog(const char* name, const QString& title, QWidget* parent);
 
-  /// Puts the dialog in the middle of its screen: the first step of every Form_Load.
-  void Centre();
+  /// Gives the dialog its size and puts it in the middle of its screen: the first step of every
+  /// Form_Load.
+  virtual void Centre();
   /// Closes the dialog; its object goes with its owner's scope.
   void Unload() { accept(); }
 
