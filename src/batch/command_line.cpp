@@ -23,14 +23,19 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 21>& Options() {
-  static const std::array<Option, 21> options{{
+const std::array<Option, 23>& Options() {
+  static const std::array<Option, 23> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
       {{"form"}, "K", kForm, "index of the data form in the plot's list, from 0; default 0"},
       {{"pane"}, "NAME", kPane, "of an excitation plot: response (default), impulse or excite"},
       {{"size"}, "WxH", kSize, "size of a picture in pixels, 100 to 10000 each way"},
+      {{"detail"},
+       "D",
+       kDetail,
+       "the report with the layers' material (1) or without (2); default 1"},
+      {{"paper"}, "NAME", kPaper, "paper of the report: A4 (default) or Letter"},
       {{"table"}, "T", kMaterials, "only the table T"},
       {{"find"}, "TEXT", kMaterials, "only materials whose name holds TEXT, in whatever case"},
       {{"material"},
@@ -117,9 +122,13 @@ int WholeNumber(const QCommandLineParser& parser, const char* name, int lowest, 
   return static_cast<int>(value);
 }
 
-int PlotNumber(const QCommandLineParser& parser) {
+int PlotNumber(const QCommandLineParser& parser, const Command& command) {
+  constexpr int shownFirst = 11;
   if (!parser.isSet("plot")) {
-    throw WrongCommandLine("--plot N is missing");
+    if ((command.takes & kNeedsPlot) != 0) {
+      throw WrongCommandLine("--plot N is missing");
+    }
+    return shownFirst;
   }
   const int number = WholeNumber(parser, "plot", 0, 99, 0);
   if (FindPlot(number) == nullptr) {
@@ -141,6 +150,14 @@ Pane PaneOf(const QCommandLineParser& parser, int plot) {
                            " has one pane, only plots 17, 27 and 34 have others");
   }
   return name == "impulse" ? Pane::kImpulse : Pane::kExcite;
+}
+
+std::string PaperOf(const QCommandLineParser& parser) {
+  const QString name = Value(parser, "paper");
+  if (parser.isSet("paper") && name != "A4" && name != "Letter") {
+    throw WrongCommandLine("--paper: '" + Bytes(name) + "' is not A4 or Letter");
+  }
+  return parser.isSet("paper") ? Bytes(name) : "A4";
 }
 
 QSize SizeOf(const QCommandLineParser& parser) {
@@ -254,11 +271,13 @@ Request ReadCommand(const QCommandLineParser& parser) {
   ReadOutput(parser, request);
   ReadSettings(parser, request);
   if ((request.command->takes & kPlot) != 0) {
-    request.plot = PlotNumber(parser);
+    request.plot = PlotNumber(parser, *request.command);
   }
   if (parser.isSet("form")) {
     request.form = WholeNumber(parser, "form", 0, 1000, 0);
   }
+  request.detail = WholeNumber(parser, "detail", 1, 2, request.detail);
+  request.paper = PaperOf(parser);
   request.pane = PaneOf(parser, request.plot);
   request.size = SizeOf(parser);
   return request;

@@ -25,10 +25,12 @@ struct Request {
   bool force = false;
   bool recalc = false;
   bool acceptAliasing = false;
-  int plot = 0;
+  int plot = 0;  ///< the one that opening a design shows unless --plot says otherwise
   std::optional<int> form;
   Pane pane = Pane::kResponse;
-  QSize size;  ///< pixels of 1/96 inch; not valid when none was given
+  int detail = 1;            ///< 1 full, 2 partial
+  std::string paper = "A4";  ///< of the report
+  QSize size;                ///< pixels of 1/96 inch; not valid when none was given
   std::vector<MaterialChoice> materials;
   std::vector<Setting> settings;
   std::string table;  ///< of materials; empty: all

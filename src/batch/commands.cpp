@@ -9,6 +9,7 @@
 #include "batch/material_csv.h"
 #include "batch/output.h"
 #include "batch/plot_pictures.h"
+#include "batch/report_files.h"
 #include "batch/stops.h"
 #include "persistence/design_file.h"
 #include "persistence/version.h"
@@ -103,6 +104,21 @@ void RunSaveData(Session& session) {
   WriteOutputOnceAsked(session, kSaveGraphDataTitle, GraphDataFileTextOrBox);
 }
 
+void RunReport(Session& session) {
+  const ReportFormat format = ReportFormatOf(session.request.out);
+  OpenDesign(session);
+  ShowPlot(session);
+  WriteReport(session, format);
+}
+
+void RunInputs(Session& session) {
+  OpenDesign(session);
+  ShowPlot(session);
+  std::string text;
+  ParasToClipboard(text, static_cast<std::int16_t>(session.request.detail));
+  WriteOutput(session, text);
+}
+
 void RunInfo(Session& session) {
   OpenDesign(session);
   WriteOutput(session, DesignSummary());
@@ -125,15 +141,16 @@ void RunVersion(Session& session) {
 }
 
 constexpr unsigned kText = kDesign | kOutput;
-constexpr unsigned kPlotText = kText | kPlot | kForm;
+constexpr unsigned kPlotText = kText | kPlot | kNeedsPlot | kForm;
+constexpr unsigned kInputsText = kText | kPlot | kForm | kDetail;
 
 constexpr Command kCommands[] = {
     {"recalc", kText | kNeedsOutput, "recalc IN -o OUT [--force]",
      "calculate the design anew and write it", RunRecalc},
     {"convert", kText | kNeedsOutput, "convert IN -o OUT [--force]",
      "write the design with its stored curves in the present format", RunConvert},
-    {"raw", kText | kPlot, "raw IN --plot N", "the physical values behind a plot as CSV, x in Hz",
-     RunRaw},
+    {"raw", kText | kPlot | kNeedsPlot, "raw IN --plot N",
+     "the physical values behind a plot as CSV, x in Hz", RunRaw},
     {"data", kPlotText | kPane, "data IN --plot N [--form K] [--pane NAME]",
      "the plotted values as CSV, x in Hz or s", RunData},
     {"inspect", kPlotText, "inspect IN --plot N [--form K]",
@@ -148,6 +165,11 @@ constexpr Command kCommands[] = {
      "the plotted values as a table for a spreadsheet's clipboard", RunGraphData},
     {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
      "the plotted values as a text file for a spreadsheet", RunSaveData},
+    {"report", kInputsText | kPaper | kNeedsOutput,
+     "report IN -o FILE [--plot N] [--form K] [--detail D] [--paper NAME]",
+     "the design report as .pdf, as .png or as a record of its drawing, .json", RunReport},
+    {"inputs", kInputsText, "inputs IN [--plot N] [--form K] [--detail D]",
+     "all inputs of the design as text for a spreadsheet's clipboard", RunInputs},
     {"info", kText, "info IN", "a summary of the design", RunInfo},
     {"materials", kOutput | kMaterials, "materials [piezo|acoustic] [--table T] [--find TEXT]",
      "the tables of the material databases as CSV", RunMaterials},

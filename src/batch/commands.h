@@ -20,13 +20,16 @@ struct Session {
 /// What a command takes beside the options of all.
 enum Takes : unsigned {
   kDesign = 1,   ///< a design file
-  kPlot = 2,     ///< --plot, which it needs
+  kPlot = 2,     ///< --plot
   kForm = 4,     ///< --form
   kPane = 8,     ///< --pane
   kSize = 16,    ///< --size
   kOutput = 32,  ///< -o and --force
   kNeedsOutput = 64,
-  kMaterials = 128  ///< --table and --find
+  kMaterials = 128,  ///< --table and --find
+  kNeedsPlot = 256,
+  kDetail = 512,  ///< --detail
+  kPaper = 1024   ///< --paper
 };
 
 struct Command {

@@ -21,7 +21,7 @@ void StartDisplay(const Request& request) {
   view.TimeWindowPercent = static_cast<float>(request.timeWindow);
   setup.DispFaceLayer = 1;
   setup.DispBackLayer = kBackSlot + 1;
-  setup.ReportDetails = 1;
+  setup.ReportDetails = static_cast<std::int16_t>(request.detail);
   setup.PhaseDisplayOption = static_cast<std::int16_t>(request.phase);
   setup.LogRange = request.logRange;
   setup.AmplWindowPercent = static_cast<float>(request.amplWindow);

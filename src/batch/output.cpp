@@ -73,16 +73,20 @@ bool IsNameTaken(const std::string& name) {
 
 }  // namespace
 
+void WriteFile(const Session& session, const std::string& file, std::string_view bytes) {
+  if (IsSameFile(session.request.in, file)) {
+    throw WrongCommandLine("-o: " + file + " is the design itself");
+  }
+  WriteFile(file, bytes);
+}
+
 void WriteOutput(const Session& session, std::string_view bytes) {
   const Request& request = session.request;
   if (request.out.empty()) {
     WriteToStandardOutput(bytes);
     return;
   }
-  if (IsSameFile(request.in, request.out)) {
-    throw WrongCommandLine("-o: " + request.out + " is the design itself");
-  }
-  WriteFile(request.out, bytes);
+  WriteFile(session, request.out, bytes);
 }
 
 void WriteOutputOnceAsked(const Session& session, const char* title,

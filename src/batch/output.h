@@ -8,6 +8,10 @@
 
 namespace halvorne::batch {
 
+/// Writes a file whole or not at all. Raises CommandFailed, and WrongCommandLine when that would
+/// overwrite the design that was read.
+void WriteFile(const Session& session, const std::string& file, std::string_view bytes);
+
 /// Writes bytes to the request's output, a file whole or not at all. Raises CommandFailed, and
 /// WrongCommandLine when that would overwrite the design that was read.
 void WriteOutput(const Session& session, std::string_view bytes);

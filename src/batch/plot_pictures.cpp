@@ -10,6 +10,7 @@
 
 #include "batch/stops.h"
 #include "platform/qt/painter_surface.h"
+#include "platform/qt/pdf_document.h"
 #include "platform/qt/text.h"
 #include "plot/graph.h"
 #include "plot/plot_state.h"
@@ -20,7 +21,6 @@ namespace {
 constexpr QSize kDefaultSize(1000, 620);
 constexpr int kDotsPerInch = 96;
 constexpr int kDotsPerMetre = 3780;
-constexpr int kPdfDotsPerInch = 1200;
 constexpr double kPointsPerPixel = 72.0 / kDotsPerInch;
 
 void DrawOn(QPaintDevice& device) {
@@ -54,19 +54,11 @@ QByteArray SvgPicture(QSize size) {
 }
 
 QByteArray PdfPicture(QSize size) {
-  QBuffer buffer;
-  buffer.open(QIODevice::WriteOnly);
-  {
-    QPdfWriter writer(&buffer);
-    writer.setPageSize(QPageSize(QSizeF(size) * kPointsPerPixel, QPageSize::Point, QString(),
-                                 QPageSize::ExactMatch));
-    writer.setPageMargins(QMarginsF());
-    writer.setResolution(kPdfDotsPerInch);
-    writer.setTitle(ToQString(plot.PlotTitle));
-    writer.setCreator(QStringLiteral("Halvorne"));
-    DrawOn(writer);
-  }
-  return buffer.data();
+  const QPageSize page(QSizeF(size) * kPointsPerPixel, QPageSize::Point, QString(),
+                       QPageSize::ExactMatch);
+  return MakePdf(QPageLayout(page, QPageLayout::Portrait, QMarginsF()),
+                 {.title = ToQString(plot.PlotTitle), .author = QStringLiteral("Halvorne")},
+                 [](QPdfWriter& writer) { DrawOn(writer); });
 }
 
 QImage PlotImage(QSize size) {
