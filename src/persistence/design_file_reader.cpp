@@ -108,6 +108,8 @@ void ReadDesignFile(const std::string& fileName) try {
   mainWindow().EnableItems(true);
   EnableConvolve(design.ExciteType);
   mainWindow().UpdateMenu();
+  // The report takes part of the excitation from the copies, whatever plot is on show.
+  CopyExciteToTemp();
 } catch (...) {
   Message box;
   box.title = "Halvorne";

@@ -116,6 +116,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void mnuFileItem_Click(int index);
   void mnuEditCopyGraph_Click();
   void mnuEditCopyGraphData_Click();
+  void mnuEditCopyInputs_Click();
   void mnuEditCopyStats_Click();
   void mnuEditSaveGraphData_Click();
   void mnuInputPiezo_Click();
@@ -127,8 +128,12 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void mnuInputElNet_Click();
   void mnuInputFreqPts_Click();
   void mnuInputTimePts_Click();
+  void mnuInputView_Click() { ViewInputs("mnuInputView_Click"); }
   void mnuOptionsItem_Click(int index);
   void mnuHelpItem_Click(int index);
+  void ViewInputs(const char* procedure);
+  void PreviewReport(const char* procedure);
+  void PrintReport(const char* procedure);
   void Picture1_DblClick();
   void Picture2_Click();
   void fraAtten_DblClick(const std::string& control);

@@ -40,9 +40,10 @@ frmHalvorneMain::Procedure frmHalvorneMain::ProcedureOf(const MenuRow& row) {
     std::string_view name;
     void (frmHalvorneMain::*click)();
   };
-  static constexpr std::array<Single, 13> singles{{
+  static constexpr std::array<Single, 15> singles{{
       {"mnuEditCopyGraph", &frmHalvorneMain::mnuEditCopyGraph_Click},
       {"mnuEditCopyGraphData", &frmHalvorneMain::mnuEditCopyGraphData_Click},
+      {"mnuEditCopyInputs", &frmHalvorneMain::mnuEditCopyInputs_Click},
       {"mnuEditCopyStats", &frmHalvorneMain::mnuEditCopyStats_Click},
       {"mnuEditSaveGraphData", &frmHalvorneMain::mnuEditSaveGraphData_Click},
       {"mnuInputPiezo", &frmHalvorneMain::mnuInputPiezo_Click},
@@ -54,6 +55,7 @@ frmHalvorneMain::Procedure frmHalvorneMain::ProcedureOf(const MenuRow& row) {
       {"mnuInputElNet", &frmHalvorneMain::mnuInputElNet_Click},
       {"mnuInputFreqPts", &frmHalvorneMain::mnuInputFreqPts_Click},
       {"mnuInputTimePts", &frmHalvorneMain::mnuInputTimePts_Click},
+      {"mnuInputView", &frmHalvorneMain::mnuInputView_Click},
   }};
   for (const Single& single : singles) {
     if (row.name == single.name) {
@@ -83,6 +85,12 @@ void frmHalvorneMain::mnuFileItem_Click(int index) try {
       break;
     case 3:
       FileClose();
+      break;
+    case 5:
+      PreviewReport("mnuFileItem_Click");
+      break;
+    case 6:
+      PrintReport("mnuFileItem_Click");
       break;
     case 8:
       EndProgram();

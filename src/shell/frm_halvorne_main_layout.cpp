@@ -90,7 +90,6 @@ QAction* frmHalvorneMain::MakeMenuItem(const MenuRow& row) {
   item->setText(QLatin1String(row.caption));
   item->setSeparator(item->text() == QStringLiteral("-"));
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
-  item->setEnabled(IsAvailable(row.name));
   if (const Procedure procedure = ProcedureOf(row)) {
     connect(item, &QAction::triggered, this, [this, procedure] {
       const Command command;
@@ -138,7 +137,6 @@ void frmHalvorneMain::MakeToolbar() {
     button->setText(QLatin1String(row.caption));
     button->setToolButtonStyle(button->text().isEmpty() ? Qt::ToolButtonIconOnly
                                                         : Qt::ToolButtonTextBesideIcon);
-    button->setEnabled(IsAvailable(row.name));
     const int width = std::max(kToolButton, button->sizeHint().width());
     button->setGeometry(left, (kToolbarHeight - kToolButton) / 2, width, kToolButton);
     left += width;
@@ -233,20 +231,18 @@ void frmHalvorneMain::ConnectControls() {
       [this] { FileNew(); },
       [this] { FileOpen(); },
       [this] { FileSaveAs(); },
-      nullptr,
+      [this] { ViewInputs("cmdViewInputs_Click"); },
       [this] { mnuEditCopyGraph_Click(); },
       [this] { mnuEditCopyGraphData_Click(); },
-      nullptr,
-      nullptr,
+      [this] { PreviewReport("cmdPrintPreview_Click"); },
+      [this] { PrintReport("cmdPrintReport_Click"); },
   };
   for (std::size_t i = 0; i < toolbar.size(); ++i) {
-    if (toolbar[i]) {
-      on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked,
-         [this, procedure = toolbar[i]] {
-           LeaveTitleBox();
-           procedure();
-         });
-    }
+    on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked,
+       [this, procedure = toolbar[i]] {
+         LeaveTitleBox();
+         procedure();
+       });
   }
   on(Cursor1, &QPushButton::clicked, [] { Cursor1_Click(); });
   on(FindMax, &QPushButton::clicked, [] { FindMax_Click(); });

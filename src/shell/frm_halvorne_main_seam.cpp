@@ -73,7 +73,7 @@ void frmHalvorneMain::SetEnabled(Item item, bool enabled) {
   const ItemControls& row = kItems.at(static_cast<std::size_t>(item));
   for (const char* name : {row.control, row.second}) {
     if (name != nullptr) {
-      SetControlEnabled(controls_.value(QLatin1String(name)), enabled && IsAvailable(name));
+      SetControlEnabled(controls_.value(QLatin1String(name)), enabled);
     }
   }
 }

@@ -1,6 +1,5 @@
 #include "shell/menu_table.h"
 
-#include <algorithm>
 #include <array>
 #include <charconv>
 
@@ -83,17 +82,6 @@ constexpr std::array kMenuTable = std::to_array<MenuRow>({
     {1, "mnuHelpItem(3)", "&About Halvorne..."},
 });
 
-/// Commands that wait for their windows.
-constexpr std::array kWithoutWindow = std::to_array<std::string_view>({
-    "mnuFileItem(5)",     // frmHalvorneReport
-    "cmdPrintPreview",    //
-    "mnuFileItem(6)",     // the print command
-    "cmdPrintReport",     //
-    "mnuEditCopyInputs",  // the parameter text
-    "mnuInputView",       // frmInputList
-    "cmdViewInputs",      //
-});
-
 }  // namespace
 
 std::span<const MenuRow> MenuTable() {
@@ -111,10 +99,6 @@ int ControlIndex(std::string_view objectName) {
     std::from_chars(objectName.data() + open + 1, objectName.data() + objectName.size(), index);
   }
   return index;
-}
-
-bool IsAvailable(std::string_view objectName) {
-  return std::ranges::find(kWithoutWindow, objectName) == kWithoutWindow.end();
 }
 
 }  // namespace halvorne

@@ -22,8 +22,4 @@ std::string_view ControlName(std::string_view objectName);
 /// Index of an element of a control array, 2 for "mnuFileItem(2)"; 0 for a control of its own.
 int ControlIndex(std::string_view objectName);
 
-/// False for commands whose windows are still to be written: they stand in the menus and on the
-/// toolbar, disabled whatever the state of the design.
-bool IsAvailable(std::string_view objectName);
-
 }  // namespace halvorne
