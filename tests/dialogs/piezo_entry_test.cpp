@@ -1,5 +1,6 @@
 #include <algorithm>
 #include <cmath>
+#include <cstring>
 
 #include "dialogs/large_dialogs.h"
 #include "dialogs/material_browsers.h"
@@ -245,6 +246,25 @@ TEST_F(PiezoDialog, ARecalculationThatFailsTellsItAndLeavesTheDialogClosed) {
   EXPECT_EQ(shownMessages.Lines().front(),
             "ERROR in PiezoConstants of CALCS|Error: 11. Division by zero");
   EXPECT_EQ(design.DesignNew, 65535);
+}
+
+// A number that has no place in a text is told, and the dialog goes on.
+TEST_F(PiezoDialog, AnyTextAtAllIsTakenAsAThickness) {
+  OpenPiezo([this](const DialogDriver& driver) {
+    for (const char* box : {"txtPZmm(0)", "txtPZLambda(0)"}) {
+      driver.Find<QWidget>(box)->setFocus();
+      for (const char* text : {"", "abc", "1e400", "-", "1E-320", "0x10", "NaN", "\xE2\x82\xAC"}) {
+        driver.Find<QLineEdit>(box)->setText(QString::fromUtf8(text));
+      }
+      shownMessages.Forget();
+      driver.Find<QLineEdit>(box)->setText("1E308");
+      EXPECT_EQ(shownMessages.Lines().at(0), "ERROR in " + std::string(box, std::strlen(box) - 3) +
+                                                 "_Change of frmPiezoEntry|Error: 6. Overflow");
+      driver.Find<QLineEdit>(box)->setText("0.5");
+    }
+    EXPECT_TRUE(driver.IsOpen());
+    Cancel(driver);
+  });
 }
 
 TEST_F(PiezoDialog, AMaterialWithoutVelocityIsToldAtTheOpening) {
