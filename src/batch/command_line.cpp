@@ -23,8 +23,8 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 23>& Options() {
-  static const std::array<Option, 23> options{{
+const std::array<Option, 24>& Options() {
+  static const std::array<Option, 24> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
@@ -51,6 +51,10 @@ const std::array<Option, 23>& Options() {
        kDesign,
        "take the front acoustic load from a file, after all --set"},
       {{"back-load"}, "FILE", kDesign, "take the rear acoustic load from a file"},
+      {{"dispersion"},
+       "SLOT=FILE",
+       kDesign,
+       "take velocity dispersion from a file, slot 0 to 21 or piezo; any number of times"},
       {{"excitation"}, "FILE", kDesign, "take the excitation waveform from a file"},
       {{"burst"},
        "BURST",
@@ -219,6 +223,9 @@ std::optional<std::string> Given(const QCommandLineParser& parser, const char* n
 void ReadSideInputs(const QCommandLineParser& parser, SideInputs& inputs) {
   inputs.frontLoad = Given(parser, "front-load");
   inputs.backLoad = Given(parser, "back-load");
+  for (const QString& text : parser.values("dispersion")) {
+    inputs.dispersion.push_back(ReadDispersionInput(Bytes(text)));
+  }
   inputs.excitation = Given(parser, "excitation");
   if (const auto burst = Given(parser, "burst")) {
     inputs.burst = ReadBurst(*burst);

@@ -113,6 +113,7 @@ Burst ReadBurst(const std::string& text) {
 
 void ApplySideInputs(const SideInputs& inputs) {
   ApplyLoads(inputs);
+  ApplyDispersion(inputs.dispersion);
   if (inputs.excitation) {
     ApplyExcitation(WithFolder(*inputs.excitation));
   }

@@ -2,6 +2,9 @@
 
 #include <optional>
 #include <string>
+#include <vector>
+
+#include "batch/dispersion_option.h"
 
 namespace halvorne::batch {
 
@@ -15,10 +18,12 @@ struct Burst {
   bool square = false;
 };
 
-/// Loads and excitation that the command line gives a design: file names as they were written.
+/// Loads, dispersion and excitation that the command line gives a design: file names as they were
+/// written.
 struct SideInputs {
   std::optional<std::string> frontLoad;
   std::optional<std::string> backLoad;
+  std::vector<DispersionInput> dispersion;
   std::optional<std::string> excitation;
   std::optional<Burst> burst;
 };

@@ -1,0 +1,66 @@
+#include "batch/dispersion_option.h"
+
+#include "batch/field_values.h"
+#include "batch/stops.h"
+#include "engine/design_model.h"
+#include "persistence/dispersion_file.h"
+
+namespace halvorne::batch {
+namespace {
+
+constexpr const char* kPiezoSlots = "piezo";
+
+int SlotNumber(const std::string& word) {
+  const double number = ReadNumber(word);
+  const int slot = static_cast<int>(number);
+  if (number < 0 || number >= kDispersionSlots || slot != number) {
+    throw WrongCommandLine("there is no slot " + word + ", only 0 to 21 and " + kPiezoSlots);
+  }
+  return slot;
+}
+
+/// Switches the dispersion of a slot's layers on, as their dialog has it before it takes a file.
+void SwitchOn(int slot) {
+  const bool isBack = slot >= kBackSlot;
+  const int plate = isBack ? slot - kBackSlot : slot;
+  const int plates = isBack ? design.NoBack : design.NoFace;
+  if (plate > plates) {
+    throw WrongCommandLine("--dispersion: the design has " + std::to_string(plates) +
+                           (isBack ? " backplates" : " faceplates") + ", so slot " +
+                           std::to_string(slot) + " belongs to none");
+  }
+  (plate == 0 ? design.PZVelDispOn : isBack ? design.BackVelDispOn : design.FaceVelDispOn) = true;
+}
+
+}  // namespace
+
+DispersionInput ReadDispersionInput(const std::string& text) {
+  const std::size_t sign = text.find('=');
+  try {
+    if (sign == std::string::npos || sign + 1 == text.size()) {
+      throw WrongCommandLine("it is not of the form SLOT=FILE");
+    }
+    const std::string word = text.substr(0, sign);
+    const std::string fileName = text.substr(sign + 1);
+    if (word == kPiezoSlots) {
+      return {{0, kBackSlot}, fileName};
+    }
+    return {{SlotNumber(word)}, fileName};
+  } catch (const WrongCommandLine& wrong) {
+    throw WrongCommandLine("--dispersion " + text + ": " + wrong.what());
+  }
+}
+
+void ApplyDispersion(const std::vector<DispersionInput>& inputs) {
+  for (const DispersionInput& input : inputs) {
+    for (const int slot : input.slotNumbers) {
+      SwitchOn(slot);
+    }
+    const bool isPiezo = input.slotNumbers.front() % kBackSlot == 0;
+    ReadDispersionFile(input.fileName,
+                       isPiezo ? "Open Velocity Dispersion File" : "open velocity dispersion file",
+                       input.slotNumbers);
+  }
+}
+
+}  // namespace halvorne::batch
