@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Writes the side files of share/ that come from a formula: complex loads and excitations.
+"""Writes the side files of share/ that come from a formula: loads, dispersion, excitations.
 
 First line a comment, then one point a line, lines ended by CR LF. The same script gives the same
 bytes. A section below stands for a kind of file and names its formulas and where they come from.
@@ -29,9 +29,9 @@ def write(folder, name, comment, rows):
 #
 # For a sweep from 0.2 to 1.8 times the design frequency Fd in 400 steps, whatever Fd is.
 
-LOAD_STEPS = 400
-LOAD_FREQS = [0.2 + 1.6 * k / LOAD_STEPS for k in range(LOAD_STEPS + 1)]
-LOAD_SWEEP = "for a sweep from 0.2 Fd to 1.8 Fd"
+STEPS = 400
+FREQS = [0.2 + 1.6 * k / STEPS for k in range(STEPS + 1)]
+SWEEP_WORDS = "for a sweep from 0.2 Fd to 1.8 Fd"
 
 
 def integral(function, last, steps=2000):
@@ -68,17 +68,63 @@ def line(end, half_waves, decibels, freq):
 
 
 for ka in (2, 5, 10, 20, 50):
-    values = [piston(ka * freq) for freq in LOAD_FREQS]
+    values = [piston(ka * freq) for freq in FREQS]
     write("Acoustic loads", f"Piston ka {ka}.lac",
-          f"Circular piston in a rigid baffle; ka = {ka} at Fd; {LOAD_SWEEP}",
+          f"Circular piston in a rigid baffle; ka = {ka} at Fd; {SWEEP_WORDS}",
           [(z.real, z.imag) for z in values])
 
 AIR = 1e-4
-values = [line(AIR, 8, 3, freq) for freq in LOAD_FREQS]
+values = [line(AIR, 8, 3, freq) for freq in FREQS]
 write("Acoustic loads", "Mounting line.lac",
       f"Mounting line of the nominal load; 8 half waves long and 3 dB at Fd; ended by air; "
-      f"{LOAD_SWEEP}",
+      f"{SWEEP_WORDS}",
       [(z.real, z.imag) for z in values])
+
+
+# --- Velocity dispersion, factors of the velocity at Fd -------------------------------------------
+#
+# For the same sweep as the loads.
+
+
+def lossy(decibels, exponent, freq):
+    """Velocity that belongs to a loss of so many dB per wavelength at Fd, growing with a power of
+    the frequency: the nearly local form of the Kramers-Kronig relation, d(1/c)/d(omega) =
+    -(2/pi) alpha/omega^2, integrated from Fd. O'Donnell, Jaynes, Miller, J. Acoust. Soc. Am. 69
+    (1981) 696-701."""
+    nepers_per_radian = decibels * math.log(10) / 20 / (2 * math.pi)
+    power = exponent - 1
+    span = math.log(freq) if power == 0 else (freq ** power - 1) / power
+    return 1 / (1 - 2 / math.pi * nepers_per_radian * span)
+
+
+def laminate(share, contrast, period, freq):
+    """Phase velocity across a stack of two layers in turn, over the one at Fd. `share` is the part
+    of a period's travel time that the first layer has, `contrast` the ratio of the impedances,
+    `period` the travel time of a period in cycles of Fd. cos(kd) = cos(a) cos(b) -
+    (contrast + 1/contrast)/2 sin(a) sin(b): S. M. Rytov, Acoustical properties of a thinly
+    laminated medium, Sov. Phys. Acoust. 2 (1956) 68-80."""
+    def wave_number(f):
+        a = 2 * math.pi * f * period * share
+        b = 2 * math.pi * f * period * (1 - share)
+        return math.acos(math.cos(a) * math.cos(b) -
+                         (contrast + 1 / contrast) / 2 * math.sin(a) * math.sin(b))
+    return freq * wave_number(1) / wave_number(freq)
+
+
+def write_dispersion(name, comment, values):
+    write("Velocity dispersion", name, f"{comment}; {SWEEP_WORDS}", [(value,) for value in values])
+
+
+# A mechanical quality of Q is a loss of pi/Q nepers per wavelength.
+QUALITY = 20
+write_dispersion("Piezo composite.csv", f"Piezoelectric composite of mechanical quality {QUALITY}",
+                 [lossy(math.pi / QUALITY * 20 / math.log(10), 1, freq) for freq in FREQS])
+write_dispersion("Tungsten epoxy backing.csv",
+                 "Tungsten-loaded epoxy; 3 dB per wavelength at Fd, growing with f^1.5",
+                 [lossy(3, 1.5, freq) for freq in FREQS])
+write_dispersion("Ceramic epoxy laminate.csv",
+                 "Laminate of ceramic and epoxy across its layers; period of 1/16 cycle at Fd",
+                 [laminate(0.4, 10, 1 / 16, freq) for freq in FREQS])
 
 
 # --- Excitations ----------------------------------------------------------------------------------

@@ -1,6 +1,7 @@
-// The loads and excitations that are shipped for any design: read by the program's readers, held
-// against theory.
+// The loads, dispersions and excitations that are shipped for any design: read by the program's
+// readers, held against theory.
 
+#include <array>
 #include <cmath>
 #include <complex>
 #include <filesystem>
@@ -8,6 +9,7 @@
 #include "designs/shipped_design.h"
 #include "engine/design_model.h"
 #include "persistence/complex_load_file.h"
+#include "persistence/dispersion_file.h"
 #include "persistence/excitation_file.h"
 
 namespace halvorne::testing {
@@ -34,6 +36,13 @@ class ShippedSideFiles : public ShippedDesign {
     std::fill(design.ZFrontNormRe.begin(), design.ZFrontNormRe.end(), 99.0);
     ASSERT_TRUE(ReadFrontLoadFile(SharedFile("Acoustic loads/" + name))) << name;
   }
+  /// Reads a dispersion file into slot 1 and returns its comment.
+  static std::string ReadDispersion(const std::string& name) {
+    constexpr std::array slot = {1};
+    std::fill(design.VelDisp.rows(1).begin(), design.VelDisp.rows(1).end(), 99.0);
+    EXPECT_TRUE(ReadDispersionFile(SharedFile("Velocity dispersion/" + name), "unread", slot));
+    return design.VelDispNames(1, 1);
+  }
   static std::string ReadExcitation(const std::string& name) {
     std::string comment;
     ReadExciteFile(SharedFile("EXCITE/" + name), comment);
@@ -51,6 +60,14 @@ TEST_F(ShippedSideFiles, HoldAsManyPointsAsTheySay) {
     ++loads;
   }
   EXPECT_GE(loads, 7);
+  int dispersions = 0;
+  for (const auto& file : std::filesystem::directory_iterator(SharedFile("Velocity dispersion"))) {
+    const int points = PointsOf(ReadDispersion(file.path().filename().string()));
+    EXPECT_NE(design.VelDisp(1, points - 1), 99) << file.path();
+    EXPECT_EQ(design.VelDisp(1, points), 99) << file.path();
+    ++dispersions;
+  }
+  EXPECT_GE(dispersions, 4);
   int excitations = 0;
   for (const auto& file : std::filesystem::directory_iterator(SharedFile("EXCITE"))) {
     const std::string comment = ReadExcitation(file.path().filename().string());
@@ -89,6 +106,46 @@ TEST_F(ShippedSideFiles, MountingLineSendsBackWhatItsEndReflects) {
     const std::complex<double> turn = std::polar(1.0, -16 * M_PI * FreqOf(point));
     EXPECT_LT((echo / turn).real(), 0) << "a free end turns the sign";
     EXPECT_NEAR((echo / turn).imag(), 0, 1e-4) << point;
+  }
+}
+
+// By the nearly local Kramers-Kronig relation the slowness falls by 2/pi times the loss per radian,
+// which grows with a power of the frequency: 1/(2 Q) of the composite, 3 dB over 2 pi of the
+// backing.
+TEST_F(ShippedSideFiles, LossyLayersAreFasterAtHighFrequencies) {
+  const double backing = 3 * std::log(10.0) / 20 / (2 * M_PI);
+  for (const auto& [name, perRadian, power] : {std::tuple{"Piezo composite.csv", 1.0 / 40, 1.0},
+                                               {"Tungsten epoxy backing.csv", backing, 1.5}}) {
+    ReadDispersion(name);
+    EXPECT_EQ(design.VelDisp(1, kSteps / 2), 1) << "at Fd";
+    constexpr int apart = 10;
+    for (int point = apart; point <= kSteps - apart; ++point) {
+      const double fall =
+          1 / design.VelDisp(1, point - apart) - 1 / design.VelDisp(1, point + apart);
+      const double span = FreqOf(point + apart) - FreqOf(point - apart);
+      EXPECT_NEAR(fall / span, 2 / M_PI * perRadian * std::pow(FreqOf(point), power - 2), 1e-3)
+          << name << " " << point;
+    }
+  }
+}
+
+// Half the trace of a period's chain matrix is the cosine of the phase that it turns a wave by.
+TEST_F(ShippedSideFiles, LaminateTurnsAWaveAsItsPeriod) {
+  const auto phase = [](double freq) {
+    const double ceramic = 2 * M_PI * freq / 16 * 0.4;
+    const double epoxy = 2 * M_PI * freq / 16 * 0.6;
+    constexpr double z = 10;  // of the ceramic over that of the epoxy
+    // (cos a, j z sin a; j sin a / z, cos a) times (cos b, j sin b; j sin b, cos b).
+    const double first =
+        std::cos(ceramic) * std::cos(epoxy) - z * std::sin(ceramic) * std::sin(epoxy);
+    const double last =
+        std::cos(ceramic) * std::cos(epoxy) - std::sin(ceramic) * std::sin(epoxy) / z;
+    return std::acos((first + last) / 2);
+  };
+  ReadDispersion("Ceramic epoxy laminate.csv");
+  for (int point = 0; point <= kSteps; ++point) {
+    EXPECT_NEAR(design.VelDisp(1, point), FreqOf(point) * phase(1) / phase(FreqOf(point)),
+                kSixDigits);
   }
 }
 
