@@ -5,25 +5,17 @@
 #include "dialogs/large_dialog_layout.h"
 #include "engine/design_model.h"
 #include "platform/paths.h"
+#include "platform/qt/eliding_label.h"
 #include "platform/qt/text.h"
 
 namespace halvorne {
 namespace {
 
-/// A label that shows the user's own words, as many lines as they need.
-QLabel* MakeWordsLabel(const char* name) {
-  auto* const label = new QLabel;
+/// A label for the user's own words, however long they are.
+ElidingLabel* MakeWordsLabel(const char* name, Qt::TextElideMode mode) {
+  auto* const label = new ElidingLabel(mode);
   label->setObjectName(QString::fromLatin1(name));
-  label->setTextFormat(Qt::PlainText);
-  label->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  label->setWordWrap(true);
-  label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
   return label;
-}
-
-void ShowWords(QLabel* label, const std::string& words) {
-  label->setText(ToQString(words));
-  label->setToolTip(label->text().toHtmlEscaped());
 }
 
 }  // namespace
@@ -37,9 +29,9 @@ void DispersionPage::Make(QWidget* layers) {
   Label10 = new QLabel;
   Label10->setObjectName(QStringLiteral("Label10"));
   column->addWidget(Label10);
-  LblFilename = MakeWordsLabel("LblFilename");
+  LblFilename = MakeWordsLabel("LblFilename", Qt::ElideMiddle);
   column->addWidget(LblFilename);
-  LblComment = MakeWordsLabel("LblComment");
+  LblComment = MakeWordsLabel("LblComment", Qt::ElideRight);
   column->addWidget(LblComment);
   CmdLoadFile = new QPushButton(QStringLiteral("Select File"));
   CmdLoadFile->setObjectName(QStringLiteral("CmdLoadFile"));
@@ -60,13 +52,13 @@ void DispersionPage::ShowNames(int slot) {
     ShowEmpty();
     return;
   }
-  ShowWords(LblComment, "Comment : " + comment);
-  ShowWords(LblFilename, "FileName : " + design.VelDispNames(slot, 0));
+  LblComment->setText(ToQString("Comment : " + comment));
+  LblFilename->setText(ToQString("FileName : " + design.VelDispNames(slot, 0)));
 }
 
 void DispersionPage::ShowEmpty() {
-  ShowWords(LblComment, "Empty");
-  ShowWords(LblFilename, "");
+  LblComment->setText(ToQString("Empty"));
+  LblFilename->clear();
 }
 
 std::string DispersionPage::ChooseFile(QWidget* owner) {

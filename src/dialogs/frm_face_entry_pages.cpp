@@ -82,7 +82,7 @@ void frmFaceEntry::MakePlateRow(QGridLayout* grid, int index) {
   const auto i = static_cast<std::size_t>(index);
   const QString plate = QStringLiteral("Plate %1 ").arg(index + 1);
   lblFaceNum.at(i) = Named(new QLabel(QString::number(index + 1)), "lblFaceNum", index);
-  lblFaceMatl.at(i) = Named(new ElidingLabel(Qt::ElideRight, 26), "lblFaceMatl", index);
+  lblFaceMatl.at(i) = Named(new ElidingLabel(Qt::ElideRight, 34), "lblFaceMatl", index);
   lblZ.at(i) = Named(new QLabel, "lblZ", index);
   lblZ.at(i)->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
   txtFaceArea.at(i) = Named(new QLineEdit, "txtFaceArea", index);

@@ -91,7 +91,7 @@ QGroupBox* frmPiezoEntry::MakeConnectionFrame() {
 void frmPiezoEntry::MakeLayerRow(QGridLayout* grid, int index) {
   const QString layer = index == 0 ? QStringLiteral("Rear") : QStringLiteral("Front");
   lblPiezoNum[index] = Named(new QLabel(layer), "lblPiezoNum", index);
-  lblPZName[index] = Named(new ElidingLabel(Qt::ElideRight, 26), "lblPZName", index);
+  lblPZName[index] = Named(new ElidingLabel(Qt::ElideRight, 34), "lblPZName", index);
   txtPZLambda[index] = Named(new QLineEdit, "txtPZLambda", index);
   txtPZmm[index] = Named(new QLineEdit, "txtPZmm", index);
   txtPZpolar[index] =
@@ -133,7 +133,9 @@ QFrame* frmPiezoEntry::MakeThicknessPage() {
   grid->addWidget(lblNoPzLayers, 0, 0);
   const char* const headings[] = {"Thickness in Lambdas at Fd", "Thickness in mm", "Polarity +/-"};
   for (int i = 0; i < 3; ++i) {
-    grid->addWidget(new QLabel(QString::fromLatin1(headings[i])), 0, i + 2);
+    auto* const heading = new QLabel(QString::fromLatin1(headings[i]));
+    heading->setAlignment((i < 2 ? Qt::AlignRight : Qt::AlignLeft) | Qt::AlignVCenter);
+    grid->addWidget(heading, 0, i + 2);
   }
   MakeLayerRow(grid, 0);
   MakeLayerRow(grid, 1);

@@ -99,6 +99,7 @@ class MaterialPage {
         grid->addWidget(AsNumberBox(field.box, kDigits), row, 1);
         grid->addWidget(MakeUnit(field), row, 2);
       } else {
+        field.box->setMinimumWidth(field.box->fontMetrics().averageCharWidth() * kLetters);
         grid->addWidget(field.box, row, 1, 1, 2);
       }
       ++row;
@@ -140,7 +141,8 @@ class MaterialPage {
   }
 
  private:
-  static constexpr int kDigits = 12;  ///< room in a number's box
+  static constexpr int kDigits = 12;   ///< room in a number's box
+  static constexpr int kLetters = 36;  ///< room in a text's box
 
   static QLabel* MakeUnit(const MaterialField<Material>& field) {
     auto* const unit = new QLabel(QString::fromLatin1(field.unit));

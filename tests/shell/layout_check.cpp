@@ -54,9 +54,6 @@ int TextWidth(const QWidget& widget) {
     return 0;  // shows what fits and the rest as a tool tip
   }
   if (const auto* const label = qobject_cast<const QLabel*>(&widget)) {
-    if (!label->text().isEmpty() && label->toolTip() == label->text().toHtmlEscaped()) {
-      return 0;  // cut short on purpose, whole in its tool tip
-    }
     int widest = 0;
     for (const QString& line : label->text().split(u'\n')) {
       widest = std::max(widest, label->fontMetrics().horizontalAdvance(line));
