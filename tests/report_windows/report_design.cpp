@@ -1,5 +1,7 @@
 #include "report_windows/report_design.h"
 
+#include <cstdlib>
+
 #include "engine/frequency_sweep.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
@@ -7,6 +9,7 @@
 namespace halvorne::testing {
 
 ReportDesign::ReportDesign() {
+  ::setenv("SOURCE_DATE_EPOCH", "1000000000", 1);  // a page drawn again has the same stamp
   MakeSimpleDesign(80, 1024);
   design.DesignTitle = "A probe";
   design.DataFileName = "probe.dat";
@@ -14,6 +17,10 @@ ReportDesign::ReportDesign() {
   MainCalc();
   view.CurrentPlot = 14;
   PlotSelect(14);
+}
+
+ReportDesign::~ReportDesign() {
+  ::unsetenv("SOURCE_DATE_EPOCH");
 }
 
 void ReportDesign::MakeLong() {

@@ -8,6 +8,7 @@ namespace halvorne::testing {
 class ReportDesign : public FreshProgram {
  protected:
   ReportDesign();
+  ~ReportDesign() override;
 
   /// Ten plates on either side, so that it takes two.
   static void MakeLong();
