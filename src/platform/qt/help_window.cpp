@@ -176,7 +176,7 @@ void HelpWindow::ConnectContents() {
   const QHelpContentModel* const model = collection_.Engine().contentModel();
   connect(model, &QHelpContentModel::contentsCreated, this, [this] {
     contents_->expandToDepth(0);
-    SelectInContents();
+    SelectInContents(text_->source());
   });
   connect(contents_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           [this, model](const QModelIndex& current) {
@@ -185,13 +185,15 @@ void HelpWindow::ConnectContents() {
               ShowPage(item->url());
             }
           });
-  connect(text_, &QTextBrowser::sourceChanged, this, [this] { SelectInContents(); });
+  // The browser's own source is still the page before.
+  connect(text_, &QTextBrowser::sourceChanged, this,
+          [this](const QUrl& page) { SelectInContents(page); });
 }
 
-void HelpWindow::SelectInContents() {
-  const QUrl page = text_->source().adjusted(QUrl::RemoveFragment);
-  const QModelIndex place = page.isEmpty() ? QModelIndex() : contents_->indexOf(page);
-  if (place.isValid()) {
+void HelpWindow::SelectInContents(const QUrl& page) {
+  shown_ = page.adjusted(QUrl::RemoveFragment);
+  const QModelIndex place = page.isEmpty() ? QModelIndex() : contents_->indexOf(shown_);
+  if (place.isValid() && place != contents_->currentIndex()) {
     contents_->setCurrentIndex(place);
     contents_->scrollTo(place);
   }

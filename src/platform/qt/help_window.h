@@ -46,12 +46,13 @@ class HelpWindow final : public QWidget {
   void ConnectContents();
   void ShowPage(const QUrl& page);
   void ShowDocuments(const QList<QHelpLink>& documents);
-  void SelectInContents();
+  void SelectInContents(const QUrl& page);
   void Search();
   void ShowFound();
   void StandBesideModalWindow();
 
   HelpCollection collection_;
+  QUrl shown_;  ///< page on show, without the place on it
   QTabWidget* pages_ = new QTabWidget;
   QToolButton *back_ = nullptr, *forward_ = nullptr, *home_ = nullptr;
   QHelpContentWidget* contents_;
