@@ -9,8 +9,9 @@ class BatchDispersion : public BatchTest {
  protected:
   /// A file that is the same at each point of the sweep.
   std::string Flat(const std::string& factor) const {
+    static const int points = StoredDesign(Shipped(kBurst)).freqPoints;
     std::string text = "Flat words\r\n";
-    for (int i = 0; i <= StoredDesign(Shipped(kBurst)).freqPoints; ++i) {
+    for (int i = 0; i <= points; ++i) {
       text += factor + "\r\n";
     }
     return Write("flat.csv", text);

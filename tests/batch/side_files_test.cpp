@@ -16,8 +16,9 @@ class BatchSideFiles : public BatchTest {
   }
   /// A load file that is the same at each point of the sweep.
   std::string FlatLoad(const std::string& pair) const {
+    static const int points = StoredDesign(Shipped(kImaging)).freqPoints;
     std::string text = "Flat\r\n";
-    for (int i = 0; i <= StoredDesign(Shipped(kImaging)).freqPoints; ++i) {
+    for (int i = 0; i <= points; ++i) {
       text += pair + "\r\n";
     }
     return Write("flat.lac", text);
