@@ -21,16 +21,11 @@ struct WayToWindow {
 };
 
 const WayToWindow kWindows[] = {
-    {"frmSizeEntry", "mnuInputSz"},
-    {"frmElecTermEntry", "mnuInputElTerm"},
-    {"frmAcoustLoad", "mnuInputLoad"},
-    {"frmFreqEntry", "mnuInputFreqPts"},
-    {"frmTimeEntry", "mnuInputTimePts"},
-    {"frmElNetEntry", "mnuInputElNet"},
-    {"frmExcite", "mnuOptionsItem(0)"},
-    {"frmPlotScaleEntry", "mnuOptionsItem(1)"},
-    {"frmDisplayOpt", "mnuOptionsItem(2)"},
-    {"frmAbout", "mnuHelpItem(3)"},
+    {"frmSizeEntry", "mnuInputSz"},         {"frmElecTermEntry", "mnuInputElTerm"},
+    {"frmAcoustLoad", "mnuInputLoad"},      {"frmFreqEntry", "mnuInputFreqPts"},
+    {"frmTimeEntry", "mnuInputTimePts"},    {"frmElNetEntry", "mnuInputElNet"},
+    {"frmExcite", "mnuOptionsItem(0)"},     {"frmPlotScaleEntry", "mnuOptionsItem(1)"},
+    {"frmDisplayOpt", "mnuOptionsItem(2)"}, {"frmAbout", "mnuHelpItem(3)"},
 };
 
 class Accessibility : public WindowTest {
