@@ -64,23 +64,66 @@ class Project {
       files.append(file);
       files.append(page.pictures);
     }
-    files.removeDuplicates();
-    for (const QString& file : files) {
-      if (source_.exists(file)) {
-        QFile::remove(folder_.filePath(file));
-        if (!QFile::copy(source_.filePath(file), folder_.filePath(file))) {
-          Fail(QStringLiteral("%1 cannot be written").arg(folder_.filePath(file)));
-        }
+    WriteFile(QLatin1String(kStyle), ReadFile(source_.filePath(QLatin1String(kStyle))));
+    for (const auto& [file, page] : pages_) {
+      const QString picture = PictureOf(page);
+      if (!picture.isEmpty()) {
+        files.append(picture);
       }
+      WriteFile(file, Completed(ReadFile(source_.filePath(file)), picture));
     }
-    QFile out(folder_.filePath(QStringLiteral("halvorne.qhp")));
-    if (!out.open(QIODevice::WriteOnly | QIODevice::Truncate)) {
-      Fail(QStringLiteral("%1 cannot be written").arg(out.fileName()));
-    }
-    WriteProject(out, files);
+    files.removeDuplicates();
+    QByteArray project;
+    WriteProject(project, files);
+    WriteFile(QStringLiteral("halvorne.qhp"), project);
   }
 
  private:
+  static QByteArray ReadFile(const QString& path) {
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+      Fail(QStringLiteral("%1 cannot be read").arg(path));
+    }
+    return file.readAll();
+  }
+
+  void WriteFile(const QString& name, const QByteArray& bytes) const {
+    QFile file(folder_.filePath(name));
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Truncate) ||
+        file.write(bytes) != bytes.size()) {
+      Fail(QStringLiteral("%1 cannot be written").arg(file.fileName()));
+    }
+  }
+
+  /// The picture of the window or plot that a page is the topic of, empty when there is none.
+  QString PictureOf(const HelpPage& page) const {
+    for (const QString& name : page.names) {
+      QString picture = QStringLiteral("pictures/%1.png").arg(name);
+      if (folder_.exists(picture) && !page.pictures.contains(picture)) {
+        return picture;
+      }
+    }
+    return {};
+  }
+
+  /// A page with what the program says and shows of itself: its picture below the heading, and in
+  /// place of @file@ the text of that file.
+  QByteArray Completed(QByteArray page, const QString& picture) const {
+    constexpr const char* heading = "</h1>\n";
+    if (!picture.isEmpty()) {
+      page.replace(heading,
+                   heading + QStringLiteral("<p><img src=\"%1\"/></p>\n").arg(picture).toUtf8());
+    }
+    for (const QString& text : folder_.entryList({QStringLiteral("*.txt")}, QDir::Files)) {
+      const QByteArray mark = '@' + text.toUtf8() + '@';
+      if (page.contains(mark)) {
+        const QString words = QString::fromUtf8(ReadFile(folder_.filePath(text)));
+        page.replace(mark, words.toHtmlEscaped().toUtf8());
+      }
+    }
+    return page;
+  }
+
   static QStringList NamesOf(const HelpPage& page) {
     QStringList names = page.names;
     for (const HelpAnchor& anchor : page.anchors) {
@@ -152,7 +195,7 @@ class Project {
     }
   }
 
-  void WriteProject(QFile& out, const QStringList& files) const {
+  void WriteProject(QByteArray& out, const QStringList& files) const {
     QXmlStreamWriter xml(&out);
     xml.setAutoFormatting(true);
     xml.writeStartDocument();

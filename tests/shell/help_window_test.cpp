@@ -43,13 +43,16 @@ TEST_F(HelpWindowShown, ListsItsContentsAndShowsThePageOfAnEntry) {
   EXPECT_EQ(Help().windowTitle(), QStringLiteral("Halvorne Help"));
   EXPECT_EQ(Page(), "contents.html");
   EXPECT_EQ(Row(0), "First steps");
-  EXPECT_EQ(Row(1), "The main window");
-  EXPECT_TRUE(Contents()->isExpanded(Contents()->model()->index(1, 0))) << "chapters stand open";
+  EXPECT_EQ(Row(2), "The main window");
+  EXPECT_TRUE(Contents()->isExpanded(Contents()->model()->index(2, 0))) << "chapters stand open";
 
   const QRect first = Contents()->visualRect(Contents()->model()->index(0, 0));
   QTest::mouseClick(Contents()->viewport(), Qt::LeftButton, {}, first.center());
   EXPECT_EQ(Page(), "start.html");
   QTest::keyClick(Contents(), Qt::Key_Down);
+  EXPECT_EQ(Page(), "tutorial.html");
+  QTest::keyClick(Contents(), Qt::Key_Down);
+  EXPECT_EQ(Contents()->currentIndex().data().toString().toStdString(), "The main window");
   EXPECT_EQ(Page(), "window.html");
   EXPECT_TRUE(Text()->toPlainText().contains(QStringLiteral("The main window")));
 }
@@ -109,7 +112,7 @@ TEST_F(HelpWindowShown, IsReadableOnLightAndDarkGround) {
 
 TEST_F(HelpWindowShown, SearchesTheWholeTextOfItsPages) {
   Open();
-  SearchFor("outermost level");
+  SearchFor("dotted vertical");
   ASSERT_TRUE(Wait([] { return Found()->count() > 0; }));
   EXPECT_EQ(Found()->item(0)->text(), QStringLiteral("Cursor and measurements"));
   EXPECT_EQ(Page(), "cursor.html");
@@ -118,7 +121,7 @@ TEST_F(HelpWindowShown, SearchesTheWholeTextOfItsPages) {
 
 TEST_F(HelpWindowShown, FindsWordsByTheirBeginInAnyCase) {
   Open();
-  SearchFor("OUTERM");
+  SearchFor("DOTTED VERTIC");
   ASSERT_TRUE(Wait([] { return Found()->count() > 0; }));
   EXPECT_EQ(Page(), "cursor.html");
 }
@@ -130,13 +133,13 @@ TEST_F(HelpWindowShown, TakesSignsOfASearchAsPlainText) {
   SearchFor("outermost\" )");
   QTest::qWait(300);
   SearchFor("outermost");
-  EXPECT_TRUE(Wait([] { return Found()->count() == 1; })) << "it still answers";
+  EXPECT_TRUE(Wait([] { return Found()->count() > 0; })) << "it still answers";
 }
 
 TEST_F(HelpWindowShown, FindsNothingForWordsThatNoPageHolds) {
   Open();
   SearchFor("outermost");
-  ASSERT_TRUE(Wait([] { return Found()->count() == 1; }));
+  ASSERT_TRUE(Wait([] { return Found()->count() > 0; }));
   QTest::keyClicks(InHelp<QLineEdit>("txtHelpKey"), QStringLiteral(" xylophone"));
   EXPECT_TRUE(Wait([] { return Found()->count() == 0; }));
 }
