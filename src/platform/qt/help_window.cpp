@@ -13,6 +13,7 @@
 #include <QShortcut>
 #include <QSplitter>
 #include <QStyle>
+#include <QTimer>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -285,7 +286,7 @@ bool HelpWindow::eventFilter(QObject* watched, QEvent* event) {
 bool HelpWindow::event(QEvent* event) {
   if (event->type() == QEvent::WindowBlocked) {
     // Not within the event: the toolkit is still telling every window.
-    QMetaObject::invokeMethod(this, &HelpWindow::StandBesideModalWindow, Qt::QueuedConnection);
+    QTimer::singleShot(0, this, [this] { StandBesideModalWindow(); });
   }
   return QWidget::event(event);
 }
