@@ -59,7 +59,7 @@ std::string Truth(bool value) {
 /// One object of the record, built field by field.
 class Object {
  public:
-  explicit Object(const char* operation) : text_("{\"op\":\"" + std::string(operation) + '"') {}
+  explicit Object(const char* operation) : text_(R"({"op":")" + std::string(operation) + '"') {}
 
   Object& Add(const char* name, const std::string& value) {
     text_ += ",\"" + std::string(name) + "\":" + value;
