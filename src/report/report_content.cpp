@@ -246,11 +246,12 @@ void PrintElNetOn(Surface& target) try {
   }
   std::string text;
   for (const std::string& element : elements) {
-    if (target.TextWidth(text + ", " + element) > kPageRight - report.ReportTab(1)) {
-      text += "\r\n" + element;
+    const std::string next = ", " + element;
+    if (target.TextWidth(text + next) > kPageRight - report.ReportTab(1)) {
+      text.append("\r\n").append(element);
       ++lines;
     } else {
-      text += text.empty() ? element : ", " + element;
+      text += text.empty() ? element : next;
     }
   }
   // Kept: on a new page, and from the second line on, the network starts at the left edge.
