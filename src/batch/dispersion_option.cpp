@@ -1,5 +1,7 @@
 #include "batch/dispersion_option.h"
 
+#include <cmath>
+
 #include "batch/field_values.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
@@ -12,11 +14,10 @@ constexpr const char* kPiezoSlots = "piezo";
 
 int SlotNumber(const std::string& word) {
   const double number = ReadNumber(word);
-  const int slot = static_cast<int>(number);
-  if (number < 0 || number >= kDispersionSlots || slot != number) {
+  if (number < 0 || number >= kDispersionSlots || number != std::trunc(number)) {
     throw WrongCommandLine("there is no slot " + word + ", only 0 to 21 and " + kPiezoSlots);
   }
-  return slot;
+  return static_cast<int>(number);
 }
 
 /// Switches the dispersion of a slot's layers on, as their dialog has it before it takes a file.

@@ -71,7 +71,7 @@ TEST_F(BatchDispersion, ABadFileTellsItsBoxAndKeepsWhatWasRead) {
 
 TEST_F(BatchDispersion, WhatCannotBeMeantIsRefused) {
   for (const char* text :
-       {"22=a.csv", "-1=a.csv", "1.5=a.csv", "front=a.csv", "=a.csv", "1=", "1"}) {
+       {"22=a.csv", "-1=a.csv", "1.5=a.csv", "1e300=a.csv", "front=a.csv", "=a.csv", "1=", "1"}) {
     const Outcome refused = Run({"info", Shipped(kBurst), "--dispersion", text});
     EXPECT_EQ(refused.status, 2) << text;
     EXPECT_NE(refused.err.find("--dispersion"), std::string::npos) << text;
