@@ -1,7 +1,5 @@
 #include "dialogs/entry_layout.h"
 
-#include <initializer_list>
-
 #include "dialogs/number_box.h"
 
 namespace halvorne {
@@ -38,11 +36,10 @@ void KeepPlaceWhenHidden(QWidget* control) {
 QHBoxLayout* ClosingRow(QPushButton* ok, QPushButton* cancel) {
   auto* const row = new QHBoxLayout;
   row->addStretch();
-  for (QPushButton* button : {ok, cancel}) {
-    button->setAutoDefault(false);
-    row->addWidget(button);
-  }
+  row->addWidget(ok);
+  row->addWidget(cancel);
   ok->setDefault(true);
+  cancel->setAutoDefault(true);  // Return presses it, but only while it has the focus
   return row;
 }
 

@@ -65,6 +65,20 @@ TEST_F(TimeDialog, CancelKeepsTheSize) {
   EXPECT_EQ(design.NoTimePts, 256);
 }
 
+TEST_F(TimeDialog, ReturnPressesCancelOnlyWhereItHasTheFocus) {
+  for (const char* focused : {"CmdTimeCancel", "CmdTimeOK", "optPoints(3)"}) {
+    design.NoTimePts = 256;
+    frmTimeEntry dialog;
+    const DialogDriver driver(dialog);
+    driver.Click("optPoints(3)");
+    driver.Find<QWidget>("CmdTimeCancel")->setFocus();
+    driver.Find<QWidget>(focused)->setFocus();
+    QTest::keyClick(driver.Find<QWidget>(focused), Qt::Key_Return);
+    EXPECT_FALSE(driver.IsOpen());
+    EXPECT_EQ(design.NoTimePts, focused == std::string("CmdTimeCancel") ? 256 : 2048) << focused;
+  }
+}
+
 TEST_F(TimeDialog, RedrawsTimePlotsOnly) {
   for (const int plotNumber : {11, 31, 16, 26, 33}) {
     view.CurrentPlot = static_cast<std::int16_t>(plotNumber);
