@@ -65,6 +65,8 @@ void frmFaceEntry::closeEvent(QCloseEvent* event) {
 void frmFaceEntry::Form_Load() try {
   page = pageBefore = 0;
   pageFilled = textFormatted = false;
+  // Before anything can fail, so that Cancel finds a backup in any case.
+  BackUpDispersion(PlateSlots());
   Centre();
   setWindowTitle(ToQString(entry.PlateSide + "plate Entry"));
   entry.ThicknessFocus = kMillimetresLead;
@@ -86,7 +88,6 @@ void frmFaceEntry::Form_Load() try {
     FillRow(index);
   }
   dispersion.SetLayerCaption("Current " + entry.PlateSide + "plate");
-  BackUpDispersion(PlateSlots());
   if (draft.TmpNoPlates == 0) {
     chkAcVelDisp->setEnabled(false);
   }

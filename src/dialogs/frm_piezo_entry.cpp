@@ -31,6 +31,9 @@ void ClearPiezoDispersion() {
 
 void frmPiezoEntry::Form_Load() try {
   Centre();
+  // First of all: what follows fails on a material without velocity, and Cancel then finds a
+  // backup.
+  BackUpDispersion(kPiezoSlots);
   // Layer 1's ratio, whichever layer will be shown.
   material.Velocities().StartFrom(draft.TmpPZMatl(1).Velocity, draft.TmpPZMatl(1).ShearVelocity);
   pageFilled = textFormatted = false;
@@ -57,7 +60,6 @@ void frmPiezoEntry::Form_Load() try {
     SetBoxText(txtPZmm[layer - 1], MillimetreText(draft.TmpPZThick(layer)));
     ShowPolarity(layer);
   }
-  BackUpDispersion(kPiezoSlots);
 } catch (...) {
   ReportFailure("Form_Load", "frmPiezoEntry");
 }

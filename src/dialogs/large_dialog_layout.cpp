@@ -39,6 +39,7 @@ void LayOutLargeDialog(QDialog* dialog, std::span<QPushButton* const, 3> buttons
   }
   outer->addLayout(row);
   outer->addLayout(place);
+  pages.Show(0);  // one at a time even where loading fails
   ok->setDefault(true);
   auto* const closing = new QHBoxLayout;
   closing->addStretch();

@@ -164,6 +164,26 @@ TEST_F(DispersionEntry, ClearingTheSwitchWipesTheTablesAtOnceAndCancelBringsThem
   }
 }
 
+// A dialog that cannot be loaded whole is cancelled as any other.
+TEST_F(DispersionEntry, CancelOfADialogThatFailedToLoadKeepsTheTables) {
+  design.PZMatl(1).Velocity = 0;
+  OpenPiezo([](const DialogDriver& driver) { driver.Click("cmdPiezoCancel"); });
+  EXPECT_EQ(
+      shownMessages.Lines(),
+      std::vector<std::string>{"ERROR in Form_Load of frmPiezoEntry|Error: 11. Division by zero"});
+  design.FreqScale = 0;
+  shownMessages.Forget();
+  OpenPlates("Back", [](const DialogDriver& driver) { driver.Click("cmdFaceCancel"); });
+  EXPECT_EQ(
+      shownMessages.Lines(),
+      std::vector<std::string>{"ERROR in Form_Load of frmFaceEntry|Error: 11. Division by zero"});
+  for (const int slot : {0, 11, 12, 13}) {
+    EXPECT_EQ(design.VelDisp(slot, 0), 0.5) << slot;
+    EXPECT_EQ(design.VelDisp(slot, 1), 1) << slot;
+    EXPECT_EQ(design.VelDispNames(slot, 0), "old.csv") << slot;
+  }
+}
+
 TEST_F(DispersionEntry, OkKeepsTheWipedTablesAndTheSwitch) {
   OpenPiezo([](const DialogDriver& driver) {
     driver.Click("chkPZVelDisp");

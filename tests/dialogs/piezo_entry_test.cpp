@@ -269,7 +269,12 @@ TEST_F(PiezoDialog, AnyTextAtAllIsTakenAsAThickness) {
 
 TEST_F(PiezoDialog, AMaterialWithoutVelocityIsToldAtTheOpening) {
   design.PZMatl(1).Velocity = 0;
-  OpenPiezo(Cancel);
+  OpenPiezo([](const DialogDriver& driver) {
+    EXPECT_TRUE(driver.Visible("FrameThickness"));
+    EXPECT_FALSE(driver.Visible("FrameMaterial"));
+    EXPECT_FALSE(driver.Visible("FrameDispersion"));
+    Cancel(driver);
+  });
   EXPECT_EQ(shownMessages.Lines().at(0),
             "ERROR in Form_Load of frmPiezoEntry|Error: 11. Division by zero");
 }
