@@ -47,12 +47,11 @@ void DispersionPage::SetLayerCaption(const std::string& caption) {
 }
 
 void DispersionPage::ShowNames(int slot) {
-  const std::string& comment = design.VelDispNames(slot, 1);
-  if (comment.empty()) {
-    ShowEmpty();
-    return;
-  }
-  LblComment->setText(ToQString("Comment : " + comment));
+  design.VelDispNames(slot, 1).empty() ? ShowEmpty() : ShowFile(slot);
+}
+
+void DispersionPage::ShowFile(int slot) {
+  LblComment->setText(ToQString("Comment : " + design.VelDispNames(slot, 1)));
   LblFilename->setText(ToQString("FileName : " + design.VelDispNames(slot, 0)));
 }
 

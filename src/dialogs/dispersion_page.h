@@ -22,8 +22,10 @@ class DispersionPage {
   QFrame* Frame() const { return FrameDispersion; }
   QPushButton* Button() const { return CmdLoadFile; }
   void SetLayerCaption(const std::string& caption);
-  /// Shows name and comment of a slot.
+  /// Shows name and comment of a slot; one without a comment as if it had no file.
   void ShowNames(int slot);
+  /// Shows the file that a slot has just got, with or without a comment.
+  void ShowFile(int slot);
   /// Shows that there is no file.
   void ShowEmpty();
 

@@ -52,10 +52,13 @@ void frmFaceEntry::CmdLoadFile_Click() try {
     dispersion.ShowEmpty();
     return;
   }
-  // Kept: a small letter at its begin. A table that fails has changed the names, and they are
-  // shown.
+  // Kept: a small letter at its begin.
   ReadDispersionFile(name, "open velocity dispersion file", std::array{slot});
-  Update_Names();
+  // Kept: unlike the piezoelectric layers' the names are shown of a table that failed too, and of a
+  // file without a comment.
+  if (!design.VelDispNames(slot, 0).empty()) {
+    dispersion.ShowFile(slot);
+  }
 } catch (...) {
   ReportFailure("CmdLoadFile_Click", "frmFaceEntry");
 }

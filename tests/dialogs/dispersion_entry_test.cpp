@@ -262,6 +262,43 @@ TEST_F(DispersionEntry, APlatesFileFillsOneSlotOnly) {
   }
 }
 
+// The page that names a slot anew takes a file without a comment for none.
+TEST_F(DispersionEntry, OnlyThePlatesNameAFileWithoutAComment) {
+  const std::string path = Put("bare.csv", "\n0.9\n");
+  OpenPlates("Face", [&](const DialogDriver& driver) {
+    driver.Click("CmdView(2)");
+    Load(driver, path);
+    EXPECT_EQ(driver.Caption("LblComment"), "Comment : ");
+    EXPECT_EQ(driver.Caption("LblFilename"), "FileName : bare.csv");
+    driver.Click("CmdLayerUp");
+    driver.Click("CmdLayerDown");
+    EXPECT_EQ(driver.Caption("LblComment"), "Empty");
+    EXPECT_EQ(driver.Caption("LblFilename"), "");
+    driver.Click("cmdFaceOK");
+  });
+  EXPECT_EQ(design.VelDispNames(1, 0), "bare.csv");
+  EXPECT_EQ(design.VelDisp(1, 0), 0.9);
+  OpenPiezo([&](const DialogDriver& driver) {
+    driver.Click("CmdView(2)");
+    Load(driver, path);
+    EXPECT_EQ(driver.Caption("LblComment"), "Empty");
+    EXPECT_EQ(driver.Caption("LblFilename"), "");
+    driver.Click("cmdPiezoOK");
+  });
+  EXPECT_EQ(design.VelDispNames(11, 0), "bare.csv");
+}
+
+TEST_F(DispersionEntry, APlatesFileThatIsMissingLeavesTheLabels) {
+  design.VelDispNames(1, 0) = design.VelDispNames(1, 1) = "";
+  OpenPlates("Face", [&](const DialogDriver& driver) {
+    driver.Click("CmdView(2)");
+    Load(driver, Path("missing.csv"));
+    EXPECT_EQ(driver.Caption("LblComment"), "Empty");
+    EXPECT_EQ(driver.Caption("LblFilename"), "");
+    driver.Click("cmdFaceCancel");
+  });
+}
+
 TEST_F(DispersionEntry, ChoosingNoFileTakesThePlatesOut) {
   OpenPlates("Back", [&](const DialogDriver& driver) {
     driver.Click("CmdView(2)");
