@@ -71,7 +71,6 @@ QGroupBox* frmAcoustLoad::MakeSide(QGroupBox* frame, const Side& side) {
   values->addSpacing(16);
   values->addWidget(side.option[0]);
   values->addWidget(side.option[1]);
-  side.select->setAutoDefault(false);
   side.select->setAccessibleName(side.select->text() + QStringLiteral(", ") + frame->title());
   values->addWidget(side.select);
   column->addLayout(values);

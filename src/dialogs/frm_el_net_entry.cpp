@@ -38,7 +38,6 @@ frmElNetEntry::frmElNetEntry(QWidget* parent)
   cmdDelete = Named(new QPushButton(QStringLiteral("Delete Element")), "cmdDelete");
   cmdDeleteAll = Named(new QPushButton(QStringLiteral("Delete All")), "cmdDeleteAll");
   for (QPushButton* button : {cmdInsert, cmdChangeValue, cmdDelete, cmdDeleteAll}) {
-    button->setAutoDefault(false);
     column->addWidget(button);
   }
   column->addStretch();

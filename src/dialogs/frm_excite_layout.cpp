@@ -99,7 +99,6 @@ void frmExcite::MakeFileParameters() {
   auto* const column = new QVBoxLayout(filePage);
   column->setContentsMargins(0, 0, 0, 0);
   cmdOpenExciteFile = Named(new QPushButton(QStringLiteral("Select File")), "cmdOpenExciteFile");
-  cmdOpenExciteFile->setAutoDefault(false);
   fraExciteFileParas = Named(new QGroupBox(QStringLiteral("Data file")), "fraExciteFileParas");
   auto* const lines = new QVBoxLayout(fraExciteFileParas);
   lblExciteFileName = Named(new ElidingLabel(Qt::ElideMiddle), "lblExciteFileName");
