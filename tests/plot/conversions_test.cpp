@@ -328,8 +328,9 @@ TEST_F(ConversionsTest, LimitPdataBoundsMagnitudesAndLeavesZero) {
     double limited;
   };
   design.NoFreqPts = 0;
-  for (const Row& row : {Row{2e38, 1e38}, Row{-2e38, -1e38}, Row{1e38, 1e38}, Row{5e-39, 1e-38},
-                         Row{-5e-39, -1e-38}, Row{1e-38, 1e-38}, Row{0, 0}, Row{-7, -7}}) {
+  for (const Row& row :
+       {Row{2e38, 1e38}, Row{-2e38, -1e38}, Row{1e38, 1e38}, Row{5e-39, 1e-38}, Row{-5e-39, -1e-38},
+        Row{1e-38, 1e-38}, Row{0, 0}, Row{-7, -7}, Row{9e37, 9e37}, Row{2e-38, 2e-38}}) {
     points.PlotData(0) = {row.value, -row.value};
     points.PlotData(1) = {1e50, 1e50};
     LimitPdata();

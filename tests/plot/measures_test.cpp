@@ -205,6 +205,14 @@ TEST_F(Measures, ThePeakIsTheLargestMagnitude) {
   EXPECT_EQ(WidthRow(2)[1], "-25.600") << "3 doesn't reach half of 8";
 }
 
+TEST_F(Measures, ATroughLessDeepThanThePeakIsHighIsNotThePeak) {
+  plot.MeasBuf(20) = 8;
+  plot.MeasBuf(400) = -3;
+  PulseWidthCalc(plot.MeasBuf);
+  EXPECT_EQ(measured.PeakAmpl, 8);
+  EXPECT_EQ(WidthRow(2)[1], "0.100") << "8 falls to its half after half a sample on both sides";
+}
+
 TEST_F(Measures, APulseInTheSecondHalfHasItsLevelButNoWidth) {
   AddTriangle(400, 20, 10);
   PulseWidthCalc(plot.MeasBuf);
