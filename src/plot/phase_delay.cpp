@@ -46,7 +46,8 @@ void Differentiate() {
     value = Finite(Quotient(difference, degreesPerSecond));
   }
   points.RawData(0).Y2 = Beyond(1, 2);
-  points.RawData(last).Y2 = Beyond(last - 1, last - 2);
+  double& end = points.RawData(last).Y2;  // a count that has no point ends here
+  end = Beyond(last - 1, last - 2);
   for (std::int32_t i = 0; i <= last; ++i) {
     double& delay = points.RawData(i).Y2;
     if (delay < 0) {
