@@ -82,7 +82,6 @@ void MaterialBrowser::LayOut() {
   ok_ = Named(new QPushButton(QStringLiteral("OK")), names_.ok);
   cancel_ = Named(new QPushButton(QStringLiteral("Cancel")), names_.cancel);
   ok_->setDefault(true);
-  copy_->setAutoDefault(false);
   auto* const closing = new QHBoxLayout;
   closing->addStretch();
   closing->addWidget(ok_);

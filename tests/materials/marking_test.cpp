@@ -81,6 +81,21 @@ TEST_F(Marking, ReturnMarksTheRowAndMovesToOK) {
   EXPECT_EQ(draft.TmpPZMatl(1).Name, "Alpha");
 }
 
+TEST_F(Marking, ReturnOnAButtonPressesThatButton) {
+  OpenPiezo();
+  Press(Qt::Key_Tab);
+  ASSERT_EQ(Focus()->objectName().toStdString(), "cmdCopyPiezoMatl");
+  Press(Qt::Key_Return);
+  EXPECT_EQ(Marked(), "Alpha");
+  ASSERT_TRUE(browser->isVisible()) << "OK was pressed in place of Copy";
+  Press(Qt::Key_Tab);
+  Press(Qt::Key_Tab);
+  ASSERT_EQ(Focus()->objectName().toStdString(), "cmdPiezoDBCancel");
+  Press(Qt::Key_Return);
+  EXPECT_FALSE(browser->isVisible());
+  EXPECT_EQ(draft.TmpPZMatl(1).Name, "Test ceramic");
+}
+
 TEST_F(Marking, AnotherTableIsNone) {
   OpenPiezo();
   ClickCell(1, 0);
