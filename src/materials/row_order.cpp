@@ -1,6 +1,14 @@
 #include "materials/row_order.h"
 
 namespace halvorne {
+namespace {
+
+bool IsNumber(const QVariant& value) {
+  const int type = value.userType();
+  return type == QMetaType::Double || type == QMetaType::LongLong || type == QMetaType::Int;
+}
+
+}  // namespace
 
 RowOrder::RowOrder(MaterialRows& rows) : rows_(rows) {
   setDynamicSortFilter(false);
@@ -30,8 +38,12 @@ bool RowOrder::lessThan(const QModelIndex& left, const QModelIndex& right) const
   if (a.isNull() || b.isNull()) {
     return a.isNull() && !b.isNull();
   }
-  const bool numbers = a.userType() != QMetaType::QString && b.userType() != QMetaType::QString;
-  if (numbers) {
+  // Numbers stand before words: were they compared as texts with each other, 100, "20 or so" and 30
+  // would follow one another in a circle.
+  if (IsNumber(a) != IsNumber(b)) {
+    return IsNumber(a);
+  }
+  if (IsNumber(a)) {
     return a.toDouble() < b.toDouble();
   }
   return QString::localeAwareCompare(a.toString().toCaseFolded(), b.toString().toCaseFolded()) < 0;

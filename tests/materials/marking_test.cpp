@@ -129,6 +129,23 @@ TEST_F(Marking, NamesAreSortedWhateverTheirCase) {
   EXPECT_THAT(Names(), ElementsAre("Alpha", "beta", "Gamma")) << "the third click: as in the table";
 }
 
+TEST_F(Marking, NumbersAreSortedBeforeWordsInTheirColumn) {
+  {
+    OtherProgram other(PiezoFile());
+    for (const char* change :
+         {"'20 or so' WHERE \"Material\" = 'Alpha'", "100 WHERE \"Material\" = 'beta'",
+          "30 WHERE \"Material\" = 'Gamma'"}) {
+      other.Run(QStringLiteral("UPDATE \"First\" SET \"Density kg/m^3\" = ") +
+                QString::fromLatin1(change));
+    }
+  }
+  OpenPiezo();
+  ClickHeading(*Grid(), 3);
+  EXPECT_THAT(Names(), ElementsAre("Gamma", "beta", "Alpha"));
+  ClickHeading(*Grid(), 3);
+  EXPECT_THAT(Names(), ElementsAre("Alpha", "beta", "Gamma"));
+}
+
 TEST_F(Marking, SearchingHidesTheRowAndNotTheMark) {
   OpenPiezo();
   ClickCell(0, 0);
