@@ -255,6 +255,19 @@ TEST_F(Marking, TheLeftRowIsMarkedUnderItsNewNameByThePiezoelectricBrowserOnly) 
 }
 
 TEST_F(Marking, ALeftRowWithoutANameLeavesTheMark) {
+  OtherProgram lock(PiezoFile());
+  OpenPiezo();
+  TypeIntoCell(0, "");
+  EXPECT_EQ(Marked(), "Alpha") << "the grid has not moved";
+  lock.Run("BEGIN IMMEDIATE");
+  script.Expect(
+      FailureBox("ERROR in DBGrid1_RowColChange of frmPiezoDB", "Error: 5. database is locked"));
+  ClickCell(1, 0);
+  EXPECT_EQ(Marked(), "Alpha");
+  lock.Run("ROLLBACK");
+}
+
+TEST_F(Marking, OfANewRowIntoWhichNothingWasTypedGoesWithIt) {
   OpenPiezo();
   ClickCell(1, 0);
   Press(Qt::Key_Insert);
