@@ -48,8 +48,12 @@ std::vector<MaterialCell> FindRecord(const OpenedStore& store, const std::string
     if (found != names.end()) {
       return records[static_cast<std::size_t>(found - names.begin())];
     }
-    complaint =
-        "the table '" + table + "' has no material '" + name + "'" + NearNamesHint(name, names);
+    complaint = "the table '";
+    complaint += table;
+    complaint += "' has no material '";
+    complaint += name;
+    complaint += "'";
+    complaint += NearNamesHint(name, names);
   }
   if (complaint.empty()) {
     const std::string table = written.substr(0, written.find('/'));
