@@ -1,6 +1,5 @@
 #include "materials/material_browser.h"
 
-#include <QTimer>
 #include <algorithm>
 #include <utility>
 
@@ -25,6 +24,8 @@ MaterialBrowser::MaterialBrowser(const BrowserNames& names, const MaterialStore&
   LayOut();
   connect(grid_->selectionModel(), &QItemSelectionModel::currentChanged, this,
           &MaterialBrowser::Grid_RowColChange);
+  idle_.setSingleShot(true);
+  connect(&idle_, &QTimer::timeout, this, &MaterialBrowser::WhenIdle);
   connect(txtSearch, &QLineEdit::textChanged, this, &MaterialBrowser::Search);
   connect(copy_, &QPushButton::clicked, this, &MaterialBrowser::Copy_Click);
   connect(ok_, &QPushButton::clicked, this, [this] { OK(); });
@@ -123,7 +124,8 @@ void MaterialBrowser::Grid_RowColChange(const QModelIndex& current, const QModel
     if (changed >= 0 && changed != order_->RowAt(current)) {
       LeaveRow((std::string(names_.grid) + "_RowColChange").c_str());
       if (rows_->ChangedRow() >= 0) {
-        ReturnToChangedRow();
+        returning_ = true;
+        idle_.start();
         return;
       }
     }
@@ -133,20 +135,22 @@ void MaterialBrowser::Grid_RowColChange(const QModelIndex& current, const QModel
   }
 }
 
-/// Puts the grid back on the row that could not be written, once the key or click that left it is
-/// over.
-void MaterialBrowser::ReturnToChangedRow() {
-  returning_ = true;
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        const int row = rows_->ChangedRow();
-        if (row >= 0) {
-          MoveTo(order_->CellOf(row, std::max(grid_->currentIndex().column(), 0)));
-        }
-        returning_ = false;
-      },
-      Qt::QueuedConnection);
+/// What waits for the end of the key or click at hand, which still holds places of the rows as they
+/// are: the grid goes back on the row that could not be written, a stale table is read again.
+void MaterialBrowser::WhenIdle() try {
+  refused_ = false;
+  if (returning_) {
+    const int row = rows_->ChangedRow();
+    if (row >= 0) {
+      MoveTo(order_->CellOf(row, std::max(grid_->currentIndex().column(), 0)));
+    }
+    returning_ = false;
+  }
+  if (rows_->IsStale()) {
+    KeepPlace([this] { rows_->Refresh(); });
+  }
+} catch (...) {
+  Report(names_.data, "_Refresh");
 }
 
 void MaterialBrowser::MarkCurrent() {
@@ -182,7 +186,7 @@ void MaterialBrowser::Enter(const QModelIndex& cell, const QString& typed) try {
 } catch (...) {
   Report(names_.grid, "_BeforeColUpdate");
   refused_ = true;  // for the click or key at hand, which may be that on OK
-  QTimer::singleShot(0, this, [this] { refused_ = false; });
+  idle_.start();
 }
 
 bool MaterialBrowser::LeaveRow(const char* procedure) try {
@@ -205,7 +209,7 @@ bool MaterialBrowser::LeaveRow(const char* procedure) try {
 } catch (...) {
   ReportFailure(procedure, names_.window);
   if (rows_->IsStale()) {
-    RefreshWhenIdle();
+    idle_.start();
   }
   return false;
 }
@@ -238,23 +242,6 @@ void MaterialBrowser::Release() {
   rows_->Close();
   connection_.close();
   Unload();
-}
-
-/// Reads the table again once the key or click at hand is over: it still holds places of the rows
-/// as they are.
-void MaterialBrowser::RefreshWhenIdle() {
-  QMetaObject::invokeMethod(
-      this,
-      [this] {
-        try {
-          if (rows_->IsStale()) {
-            KeepPlace([this] { rows_->Refresh(); });
-          }
-        } catch (...) {
-          Report(names_.data, "_Refresh");
-        }
-      },
-      Qt::QueuedConnection);
 }
 
 void MaterialBrowser::Search() {

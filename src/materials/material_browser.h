@@ -5,6 +5,7 @@
 #include <QLabel>
 #include <QPersistentModelIndex>
 #include <QPushButton>
+#include <QTimer>
 #include <functional>
 #include <memory>
 
@@ -92,8 +93,7 @@ class MaterialBrowser : public ModalDialog {
   void KeepPlace(const std::function<void()>& change);
   void MoveTo(const QModelIndex& cell);
   void MarkCurrent();
-  void ReturnToChangedRow();
-  void RefreshWhenIdle();
+  void WhenIdle();
   void FitColumns();
   void ShowCount();
   int CurrentRow() const { return order_->RowAt(grid_->currentIndex()); }
@@ -103,6 +103,7 @@ class MaterialBrowser : public ModalDialog {
   std::unique_ptr<MaterialRows> rows_;
   std::unique_ptr<RowOrder> order_;
   QPersistentModelIndex bookmark_;  ///< the marked row, in rows_
+  QTimer idle_;                     ///< runs WhenIdle once what goes on is over
   bool moving_ = false;             ///< the program moves in the grid, not the user
   bool returning_ = false;          ///< the grid is on its way back to a row that is not written
   bool refused_ = false;            ///< what stood in the editor was not taken
