@@ -252,6 +252,72 @@ TEST_F(ReportContent, TextsThatWouldMoveThePenAreSeenInstead) {
   EXPECT_TRUE(HasText("caf\xC3\xA9.dat"));
 }
 
+/// Where each section begins and how many of its lines stay together.
+struct Section {
+  std::string text;
+  int lines;
+};
+
+// With one line more than is kept free below a section the page goes on, without it a new one
+// begins there and nowhere before.
+TEST_F(ReportContent, EachSectionStaysTogetherByItsOwnNumberOfLines) {
+  design.NoFace = 2;
+  design.FaceMatl(2) = design.FaceMatl(1);
+  design.FaceMatl(2).Name = "Glass";
+  design.NoBack = 5;
+  for (int i = 3; i <= 5; ++i) {
+    design.BackMatl(i) = design.BackMatl(2);
+  }
+  design.BackMatl(5).Name = "Lead";
+  for (int row = 1; row <= kNetworkRows; ++row) {  // two lines of print
+    design.ElNet(row, 1) = 1;
+    design.ElNet(row, 2) = 1e9 + row;
+  }
+  const auto place = [this](const std::string& start) {
+    for (const PrintedText& printed : Printed()) {
+      if (printed.text.starts_with(start)) {
+        return printed;
+      }
+    }
+    ADD_FAILURE() << start << " is not printed";
+    return PrintedText();
+  };
+  Print();
+  const double top = Printed().front().y;
+  const Section sections[] = {{"Number of points", 1},
+                              {"PIEZOELECTRIC", 7},
+                              {"Longitudinal impedance", 4},
+                              {"Clamped capacitance", 3},
+                              {"Electrical loss tangent", 4},
+                              {"ACOUSTIC LAYERS", 5},
+                              {"Glass", 1},
+                              {"BACKPLATES", 4},
+                              {"Lead", 1},
+                              {"ACOUSTIC LOAD", 1},
+                              {"ELECTRICAL TERMINATIONS", 1},
+                              {"ELECTRICAL MATCHING", 2},
+                              {"1. Series R", 3}};
+  std::vector<double> above;
+  for (const Section& section : sections) {
+    above.push_back(top - place(section.text).y);
+  }
+  for (std::size_t i = 0; i < std::size(sections); ++i) {
+    for (const int left : {sections[i].lines + 1, sections[i].lines + 2}) {
+      paper.Forget();
+      BeginPage();
+      report.ReportLineHeight = 0.05F;
+      paper.MoveTo(0, (left + 0.5) * 0.05 + above[i]);
+      PrintParasOn(paper);
+      const bool breaks = left < sections[i].lines + 2;
+      EXPECT_EQ(place(sections[i].text).page, breaks ? 2 : 1)
+          << sections[i].text << " with " << left << " lines left";
+      if (i > 0) {
+        EXPECT_EQ(place(sections[i - 1].text).page, 1) << "before " << sections[i].text;
+      }
+    }
+  }
+}
+
 // Sections stay together by the lines that their tests of the page's end ask for.
 TEST_F(ReportContent, PagesBreakBetweenSections) {
   BeginPage();
