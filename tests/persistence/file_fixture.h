@@ -14,6 +14,7 @@
 
 #include "platform/failure.h"
 #include "support/fresh_program.h"
+#include "support/full_disk.h"
 
 namespace halvorne::testing {
 
@@ -53,27 +54,6 @@ class FileTest : public FreshProgram {
 
  private:
   std::filesystem::path folder_;
-};
-
-/// While it lives no file of this process can grow beyond `bytes`: a full disk.
-class FullDisk {
- public:
-  explicit FullDisk(std::uint64_t bytes) : handler_(std::signal(SIGXFSZ, SIG_IGN)) {
-    getrlimit(RLIMIT_FSIZE, &before_);
-    rlimit limit = before_;
-    limit.rlim_cur = bytes;
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() {
-    setrlimit(RLIMIT_FSIZE, &before_);
-    std::signal(SIGXFSZ, handler_);
-  }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
-  void (*handler_)(int);
 };
 
 /// Runs `action` in a process of its own that is killed in the middle of the write that makes one

@@ -16,6 +16,7 @@
 #include "report/windows/report_pdf.h"
 #include "report_windows/report_design.h"
 #include "shell/modal_script.h"
+#include "support/full_disk.h"
 
 namespace halvorne::testing {
 namespace {
@@ -72,6 +73,18 @@ TEST_F(PrintCommand, ACancelledDialogRaisesAndPrintsNothing) {
   }
   EXPECT_EQ(dialog.Flags, 12);
   EXPECT_TRUE(folder.isValid() && QDir(folder.path()).isEmpty());
+}
+
+TEST_F(PrintCommand, AFullDiskRaisesAndLeavesNothing) {
+  const FullDisk full(4096);
+  try {
+    PrintTo(Path("report.pdf"));
+    ADD_FAILURE() << "it went on";
+  } catch (const Failure& failure) {
+    EXPECT_EQ(failure.Number(), 75);
+    EXPECT_NE(failure.Description().find(Path("report.pdf")), std::string::npos);
+  }
+  EXPECT_TRUE(QDir(folder.path()).isEmpty());
 }
 
 TEST_F(PrintCommand, LandscapePagesHoldAllLines) {

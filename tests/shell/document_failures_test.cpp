@@ -1,9 +1,7 @@
 #include <QCheckBox>
 #include <QTest>
-#include <csignal>
 #include <filesystem>
 #include <fstream>
-#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -11,28 +9,12 @@
 #include "persistence/setup_state.h"
 #include "plot/plot_state.h"
 #include "shell/window_test.h"
+#include "support/full_disk.h"
 
 namespace halvorne::testing {
 namespace {
 
 namespace fs = std::filesystem;
-
-/// No file grows beyond so many bytes while this stands, as on a disk that is full.
-class FullDisk {
- public:
-  explicit FullDisk(rlim_t bytes) {
-    std::signal(SIGXFSZ, SIG_IGN);
-    getrlimit(RLIMIT_FSIZE, &before_);
-    const rlimit limit{.rlim_cur = bytes, .rlim_max = before_.rlim_max};
-    setrlimit(RLIMIT_FSIZE, &limit);
-  }
-  ~FullDisk() { setrlimit(RLIMIT_FSIZE, &before_); }
-  FullDisk(const FullDisk&) = delete;
-  FullDisk& operator=(const FullDisk&) = delete;
-
- private:
-  rlimit before_{};
-};
 
 /// Nothing in a folder may be written while this stands, not even by root, who steps down for it.
 class ReadOnlyFolder {
