@@ -26,6 +26,7 @@ const WayToWindow kWindows[] = {
     {"frmTimeEntry", "mnuInputTimePts"},    {"frmElNetEntry", "mnuInputElNet"},
     {"frmExcite", "mnuOptionsItem(0)"},     {"frmPlotScaleEntry", "mnuOptionsItem(1)"},
     {"frmDisplayOpt", "mnuOptionsItem(2)"}, {"frmAbout", "mnuHelpItem(3)"},
+    {"frmInputList", "mnuInputView"},       {"frmHalvorneReport", "mnuFileItem(5)"},
 };
 
 class Accessibility : public WindowTest {

@@ -113,6 +113,10 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
                [&] { ClickMenu("mnuOptionsItem(1)"); });
     ClickMenu("mnuView2WayItem(3)");
     TakeDialog("frmPlotScaleEntry", {"CmdShow(2)"}, [&] { ClickMenu("mnuOptionsItem(1)"); });
+    TakeDialog("frmInputList", {"optDetails(1)", "optDetails(0)"},
+               [&] { ClickMenu("mnuInputView"); });
+    TakeDialog("frmHalvorneReport", {"optDetails(1)", "optDetails(0)"},
+               [&] { ClickMenu("mnuFileItem(5)"); });
     script.ExpectForm("MsgBox", [&](QWidget& window) {
       Take(window, "MsgBox");
       window.close();
