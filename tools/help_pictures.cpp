@@ -46,13 +46,14 @@ class NoBoxes final : public Messages {
 
 class Pictures {
  public:
-  Pictures(const QDir& share, const QDir& folder) : share_(share), folder_(folder) {
+  Pictures(const QDir& share, const QDir& folder) : share_(share), folder_(folder.absolutePath()) {
     for (const char* part : {"HALVORNESETUP", "Database", "DATA", "EXCITE"}) {
       std::filesystem::copy(Native(share_.filePath(QLatin1String(part))),
                             Native(home_.filePath(QLatin1String(part))),
                             std::filesystem::copy_options::recursive);
     }
     SetProgramFolder(Native(home_.path()));
+    QDir::setCurrent(home_.path());
   }
 
   /// True when all were made.
@@ -78,8 +79,8 @@ class Pictures {
   }
 
   void Open(const char* design) {
-    window_->OpenDesign(
-        Native(home_.filePath(QStringLiteral("DATA/%1.dat").arg(QLatin1String(design)))).string());
+    // By a short name: the preview shows it.
+    window_->OpenDesign("DATA/" + std::string(design) + ".dat");
   }
 
   QAction* Command(const char* name) const {
@@ -178,6 +179,7 @@ class Pictures {
 
 int main(int argc, char** argv) try {
   qputenv("QT_QPA_PLATFORM", "offscreen");
+  qputenv("SOURCE_DATE_EPOCH", "1767225600");  // the same pictures at every build
   // What the toolkit says of a platform without a screen.
   qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtCriticalMsg || type == QtFatalMsg) {
