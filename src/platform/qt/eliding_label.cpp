@@ -21,7 +21,7 @@ ElidingLabel::ElidingLabel(Qt::TextElideMode mode, int characters)
 }
 
 QString ElidingLabel::Readable() const {
-  const QString whole = text();
+  QString whole = text();
   if (whole.size() <= kMostCharacters) {
     return whole;
   }
