@@ -71,8 +71,8 @@ TEST_F(PlateMaterialPage, TheFirstVisitTakesTheShearVelocityToItsLimit) {
 class PlateBounds : public PlateMaterialPage, public ::testing::WithParamInterface<TypedNumber> {};
 
 TEST_P(PlateBounds, ReplaceWhatLiesOutsideAtOnce) {
-  const auto& [box, typed, shown, stored] = GetParam();
-  OnPage([&](const DialogDriver& driver) {
+  OnPage([](const DialogDriver& driver) {
+    const auto& [box, typed, shown, stored] = GetParam();
     driver.Type(box, typed);
     EXPECT_EQ(driver.Text(box), shown);
     const AcousticMaterial& matl = draft.TmpAcMatl(1);

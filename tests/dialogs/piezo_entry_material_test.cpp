@@ -63,8 +63,8 @@ TEST_F(PiezoMaterialPage, ShowsWhatFollowsFromDensityAndVelocities) {
 class PiezoBounds : public PiezoMaterialPage, public ::testing::WithParamInterface<TypedNumber> {};
 
 TEST_P(PiezoBounds, ReplaceWhatLiesOutsideAtOnce) {
-  const auto& [box, typed, shown, stored] = GetParam();
-  OnPage([&](const DialogDriver& driver) {
+  OnPage([](const DialogDriver& driver) {
+    const auto& [box, typed, shown, stored] = GetParam();
     driver.Type(box, typed);
     EXPECT_EQ(driver.Text(box), shown);
     const PiezoMaterial& matl = draft.TmpPZMatl(1);

@@ -1,5 +1,6 @@
 // What stands in a store when the program is killed.
 
+#include <QCoreApplication>
 #include <QProcess>
 #include <csignal>
 

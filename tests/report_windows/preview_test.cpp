@@ -2,6 +2,7 @@
 #include <QScrollBar>
 #include <QToolButton>
 #include <QWheelEvent>
+#include <gmock/gmock.h>
 
 #include "dialogs/dialog_driver.h"
 #include "persistence/setup_state.h"

@@ -53,9 +53,9 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasAName) {
   for (const WayToWindow& way : kWindows) {
     SCOPED_TRACE(way.window);
     // Each window on the way is left by the next button, the last one by its close box.
-    std::vector<std::string> clicks(way.buttons.begin(), way.buttons.end());
-    for (std::size_t i = 0; i < clicks.size(); ++i) {
-      script.ExpectWindow("a window with " + clicks[i], [name = clicks[i]](QWidget& window) {
+    const std::vector<std::string> clicks(way.buttons.begin(), way.buttons.end());
+    for (const std::string& click : clicks) {
+      script.ExpectWindow("a window with " + click, [name = click](QWidget& window) {
         auto* const button = window.findChild<QAbstractButton*>(QString::fromStdString(name));
         ASSERT_NE(button, nullptr) << name;
         QTest::mouseClick(button, Qt::LeftButton);

@@ -1,5 +1,6 @@
 #include "shell/measurement_grid.h"
 
+#include <QCoreApplication>
 #include <QFontInfo>
 #include <QVBoxLayout>
 #include <gtest/gtest.h>
