@@ -55,5 +55,12 @@ TEST_F(ElementText, HasNoWordsForAnUnknownCode) {
   EXPECT_EQ(Of({1e300, 1}), "1. ");
 }
 
+TEST_F(ElementText, ARowThatNoNetworkHasIsReported) {
+  EXPECT_EQ(GetElNetString(draft.TmpElNet, kNetworkRows + 1), "");
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{
+                "ERROR in GetElNetString of PRINTIT|Error: 9. Subscript out of range"});
+}
+
 }  // namespace
 }  // namespace halvorne::testing

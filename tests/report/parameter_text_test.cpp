@@ -129,5 +129,16 @@ TEST_F(ParameterText, TextsThatWouldTearTheTableAreSeenInstead) {
           "b\r\n"));
 }
 
+TEST_F(ParameterText, APlateWithoutAVelocityIsReportedAndEndsTheText) {
+  design.FaceMatl(1).Velocity = 0;
+  std::string text;
+  ParasToClipboard(text, 1);
+  EXPECT_EQ(
+      shownMessages.Lines(),
+      std::vector<std::string>{"ERROR in ParasToClipboard of PRINTIT|Error: 11. Division by zero"});
+  EXPECT_NE(text.find("ACOUSTIC LAYERS\r\n"), std::string::npos) << "what came before stays";
+  EXPECT_EQ(text.find("BACKPLATES"), std::string::npos);
+}
+
 }  // namespace
 }  // namespace halvorne::testing

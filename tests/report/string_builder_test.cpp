@@ -169,6 +169,9 @@ TEST(StringBuilder, AChunkHoldsAtLeastOneCharacter) {
   cStringBuilder text;
   EXPECT_EQ(FailureOf([&] { text.SetChunkSize(0); }), 5);
   EXPECT_EQ(text.ChunkSize(), kChunk);
+  text.SetChunkSize(1);
+  text.Append("abc");
+  EXPECT_EQ(text.Capacity(), 3);
 }
 
 }  // namespace
