@@ -2,6 +2,7 @@
 
 #include <QApplication>
 #include <QCloseEvent>
+#include <QContextMenuEvent>
 #include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QDropEvent>
@@ -193,6 +194,18 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
              (watched == Cursor1 || watched == FindMax || watched == FindMin)) {
     // Arrows would otherwise lead from one button to the next.
     return HScroll1->Press(static_cast<QKeyEvent*>(event)->key());
+  } else if (type == QEvent::ContextMenu && watched == Picture) {
+    const auto* const asked = static_cast<QContextMenuEvent*>(event);
+    if (asked->reason() == QContextMenuEvent::Mouse) {
+      mnuGraph->Open(asked->globalPos());
+      return true;
+    }
+  } else if (type == QEvent::ContextMenu && watched == HScroll1) {
+    // The bar has a menu of its own, of no use to who moves the cursor by keys.
+    if (static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Keyboard) {
+      OpenGraphMenu();
+      return true;
+    }
   } else if (type == QEvent::FocusOut && watched == txtEdit) {
     txtEdit_LostFocus();
   }
@@ -200,9 +213,21 @@ bool frmHalvorneMain::eventFilter(QObject* watched, QEvent* event) {
 }
 
 void frmHalvorneMain::keyPressEvent(QKeyEvent* event) {
+  const bool asksForMenu = event->key() == Qt::Key_Menu ||
+                           (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier);
+  if (asksForMenu && focusWidget() != txtEdit) {  // the title box has a menu of its own
+    OpenGraphMenu();
+    return;
+  }
   // Keys that the control with the focus has no use for move the cursor.
   if (!measured.CursorOn || !HScroll1->Press(event->key())) {
     QMainWindow::keyPressEvent(event);
+  }
+}
+
+void frmHalvorneMain::contextMenuEvent(QContextMenuEvent* event) {
+  if (event->reason() == QContextMenuEvent::Keyboard) {
+    OpenGraphMenu();
   }
 }
 

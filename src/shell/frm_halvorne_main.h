@@ -17,6 +17,7 @@
 #include "platform/qt/help_viewer.h"
 #include "platform/qt/picture_box.h"
 #include "shell/cursor_bar.h"
+#include "shell/graph_menu.h"
 #include "shell/measurement_grid.h"
 #include "shell/menu_table.h"
 
@@ -84,6 +85,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
   void closeEvent(QCloseEvent* event) override;
+  void contextMenuEvent(QContextMenuEvent* event) override;
   void dragEnterEvent(QDragEnterEvent* event) override;
   void dropEvent(QDropEvent* event) override;
   void keyPressEvent(QKeyEvent* event) override;
@@ -95,6 +97,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
 
   // Layout.
   void MakeMenus();
+  void MakeGraphMenu();
   QAction* MakeMenuItem(const MenuRow& row);
   void MakeToolbar();
   void MakeGraphControls();
@@ -145,6 +148,8 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void DoUnLoadPreCheck(int unloadMode);
   void EndProgram();
   void PrepareFileDialog(const char* title);
+  /// Opens the graph's menu where the keyboard asks for it: in the middle of the graph.
+  void OpenGraphMenu();
 
   QHash<QString, QObject*> controls_;  ///< everything that lower rooms enable, by objectName
   std::string caption_;
@@ -157,6 +162,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   QWidget* Picture2 = nullptr;
   std::vector<QWidget*> toolbar_;
   PictureBox* Picture = nullptr;
+  GraphMenu* mnuGraph = nullptr;
   QLabel* LblPlotType = nullptr;
   QComboBox* PlotType = nullptr;
   QPushButton *Cursor1 = nullptr, *FindMax = nullptr, *FindMin = nullptr;

@@ -162,6 +162,7 @@ void frmHalvorneMain::MakeGraphControls() {
   HScroll1->setFocusPolicy(Qt::StrongFocus);
   HScroll1->setAccessibleName(QStringLiteral("Cursor position"));
   HScroll1->setEnabled(false);
+  HScroll1->installEventFilter(this);
   FindMax = Named(new QPushButton(QStringLiteral("Find Ma&x"), ground), QStringLiteral("FindMax"));
   FindMin = Named(new QPushButton(QStringLiteral("Find Mi&n"), ground), QStringLiteral("FindMin"));
   FindMax->setToolTip(QStringLiteral("Cursor to the highest value of the first trace"));
@@ -307,6 +308,7 @@ frmHalvorneMain::frmHalvorneMain() {
   MakeToolbar();
   MakeGraphControls();
   MakeMeasurements();
+  MakeGraphMenu();
   ConnectControls();
   SetMainWindow(this);
   Form_Load();
