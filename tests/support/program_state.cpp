@@ -4,6 +4,7 @@
 #include "engine/piezo_section.h"
 #include "engine/two_port.h"
 #include "platform/numbers.h"
+#include "plot/held_designs.h"
 #include "plot/plot_state.h"
 #include "timedomain/sample_rate.h"
 
@@ -21,6 +22,9 @@ void ResetProgram() {
   Reset(plot);
   Reset(scale);
   Reset(measured);
+  for (int slot = 0; slot < kHeldSlots; ++slot) {
+    Drop(slot);
+  }
 }
 
 void MakeSimpleDesign(int intervals, int timePoints) {
