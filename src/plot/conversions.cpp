@@ -131,7 +131,26 @@ void ReImConvert(std::int16_t index) try {
   ReportFailure("ReImConvert", "PLOTIT");
 }
 
-void LinLogConvert(std::int16_t index, std::int16_t dBFactor) try {
+std::int16_t LinLogFactor(int plotNumber) {
+  switch (plotNumber) {
+    case 12:
+    case 14:
+    case 22:
+    case 24:
+    case 31:
+    case 32:
+      return 20;
+    case 13:
+    case 15:
+    case 23:
+    case 25:
+      return 10;
+    default:
+      return 0;
+  }
+}
+
+void FillBandBuffer() {
   constexpr int insertionLoss = 32;
   for (std::int32_t i = 0; i <= design.NoFreqPts; ++i) {
     plot.MeasBuf(i) = points.RawData(i).Y1;
@@ -139,6 +158,10 @@ void LinLogConvert(std::int16_t index, std::int16_t dBFactor) try {
       plot.MeasBuf(i) = Finite(Quotient(1, plot.MeasBuf(i)));
     }
   }
+}
+
+void LinLogConvert(std::int16_t index, std::int16_t dBFactor) try {
+  FillBandBuffer();
   CFBWCalc(plot.MeasBuf, dBFactor);
   if (index == 0) {
     for (std::int32_t i = 0; i <= design.NoFreqPts; ++i) {

@@ -22,6 +22,14 @@ void PhaseDelay();
 /// Impedance forms (plots 11, 21, 41, 42).
 void ReImConvert(std::int16_t index);
 
+/// Factor of the decibels of a plot of LinLogConvert(): 10 for ratios of powers, 20 for
+/// amplitudes; 0 for all other plots.
+std::int16_t LinLogFactor(int plotNumber);
+
+/// Fills MeasBuf(0..NoFreqPts) with what the band of a plot of LinLogConvert() is measured on: the
+/// gathered values, of the insertion loss their inverse. Failures go up to the caller.
+void FillBandBuffer();
+
 /// Linear or log forms (plots 12 to 15, 22 to 25, 31, 32) and their band measures.
 void LinLogConvert(std::int16_t index, std::int16_t dBFactor);
 

@@ -1,6 +1,5 @@
 #include "plot/measures.h"
 
-#include <array>
 #include <cmath>
 
 #include "platform/failure.h"
@@ -11,9 +10,6 @@
 
 namespace halvorne {
 namespace {
-
-/// Shares of the largest value at which widths are taken.
-constexpr std::array<float, 3> kLevels{0.5F, 0.1F, 0.01F};
 
 std::string LevelText(float level, std::int16_t dBFactor) {
   return Format(log10(level) * dBFactor, "0");
@@ -69,7 +65,7 @@ void CFBWCalc(MeasureBuffer& array, std::int16_t dBFactor) try {
   float upper = 0;
   for (measured.GridRow = 3; measured.GridRow <= 5; ++measured.GridRow) {
     auto& row = measured.CFBWText[measured.GridRow];
-    const float level = kLevels[measured.GridRow - 3];
+    const float level = kMeasureLevels[measured.GridRow - 3];
     row[0] = LevelText(level, dBFactor);
     CrossLevel(array, 0, design.NoFreqPts, ToSingle(level * max), lower, upper);
     const double f1 = DisplayFrequency(lower);
@@ -96,7 +92,7 @@ void PulseWidthCalc(MeasureBuffer& array) try {
   float upper = 0;
   for (measured.GridRow = 2; measured.GridRow <= 4; ++measured.GridRow) {
     auto& row = measured.PulseWidthText[measured.GridRow];
-    const float level = kLevels[measured.GridRow - 2];
+    const float level = kMeasureLevels[measured.GridRow - 2];
     row[0] = LevelText(level, 20);
     CrossLevel(array, 0, ToInt32(design.NoTimePts / 2.0), ToSingle(level * max), lower, upper);
     const double samplesPerUnit = view.TimeScale * design.SampleRateHz;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 #include "plot/plot_state.h"
@@ -7,6 +8,9 @@
 // Measurements of the plot on show. Failures end in the box of the procedure in which they arise.
 
 namespace halvorne {
+
+/// Shares of the largest value at which bands and pulse widths are measured.
+inline constexpr std::array<float, 3> kMeasureLevels{0.5F, 0.1F, 0.01F};
 
 /// Fractional indices of the outermost crossings of `level` in array(first..last).
 ///

@@ -97,17 +97,16 @@ void Convert(std::int16_t index, std::int16_t plotNumber) {
     case 42:
       return ReImConvert(index);
     case 12:
+    case 13:
     case 14:
+    case 15:
     case 22:
+    case 23:
     case 24:
+    case 25:
     case 31:
     case 32:
-      return LinLogConvert(index, 20);
-    case 13:
-    case 15:
-    case 23:
-    case 25:
-      return LinLogConvert(index, 10);
+      return LinLogConvert(index, LinLogFactor(plotNumber));
     case 16:
     case 26:
     case 33:
@@ -228,7 +227,7 @@ void PlotType_Click() try {
   ReportFailure("PlotType_Click", "frmHalvorneMain");
 }
 
-void PlotConvertDataType(std::int16_t plotNumber) try {
+void ConvertToForm(std::int16_t index, std::int16_t plotNumber) {
   CleanVectorRegisters();
   // Before the conversions, whose measures need the scales, and behind them, since they decide
   // whether a spectrum is shown.
@@ -238,13 +237,17 @@ void PlotConvertDataType(std::int16_t plotNumber) try {
   measured.CFBWValid = false;
   measured.PulseWidthValid = false;
   measured.AttenValid = false;
-  Convert(ToInt16(mainWindow().PlotTypeIndex()), plotNumber);
+  Convert(index, plotNumber);
   if (plotNumber == 12 || plotNumber == 22) {
     // A reflection coefficient has no band to measure.
     measured.CFBWValid = false;
     measured.AttenValid = false;
   }
   GetPlotFreqTimeScale();
+}
+
+void PlotConvertDataType(std::int16_t plotNumber) try {
+  ConvertToForm(ToInt16(mainWindow().PlotTypeIndex()), plotNumber);
   PlotGraphOn(mainWindow().Picture1());
 } catch (...) {
   ReportFailure("PlotConvertDataType", "PLOTIT");

@@ -17,6 +17,11 @@ void PlotRedraw();
 /// Another form of an outdated waveform selects the plot again.
 void PlotType_Click();
 
+/// Turns RawData or the waveforms into a data form of a plot, measures and scales the axis of
+/// frequency or time; draws nothing. A part of PlotConvertDataType(): failures go up to the caller.
+/// @param index  of the form in the plot's list
+void ConvertToForm(std::int16_t index, std::int16_t plotNumber);
+
 /// Turns RawData or the waveforms into the data form chosen in PlotType, measures, scales and draws
 /// on Picture1.
 void PlotConvertDataType(std::int16_t plotNumber);
