@@ -28,7 +28,7 @@ void FuzzCommandLine(std::string_view bytes) {
     const batch::Request request =
         batch::ReadCommandLine(static_cast<int>(pointers.size()), pointers.data());
     Promise(request.command != nullptr, "a command line that is read has a command");
-    batch::ApplySettings(request.settings);
+    ApplySettings(request.settings);
   } catch (const batch::WrongCommandLine&) {  // NOLINT(bugprone-empty-catch): most are
   } catch (const batch::CommandFailed&) {     // NOLINT(bugprone-empty-catch): a wrong design
   }

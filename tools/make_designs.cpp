@@ -23,8 +23,6 @@
 #include <vector>
 
 #include "batch/batch_messages.h"
-#include "batch/derived_values.h"
-#include "batch/set_option.h"
 #include "engine/frequency_sweep.h"
 #include "format3_writer.h"
 #include "load_and_dispersion_laws.h"
@@ -32,6 +30,8 @@
 #include "platform/messages.h"
 #include "platform/number_text.h"
 #include "platform/numbers.h"
+#include "quantities/derived_values.h"
+#include "quantities/settings.h"
 #include "timedomain/view.h"
 #include "timedomain/wave_state.h"
 
@@ -149,8 +149,8 @@ std::vector<std::string> ReadSource(const fs::path& source) {
     if (line.starts_with("law ")) {
       laws.push_back(line.substr(4));
     } else if (!line.empty() && !line.starts_with('#')) {
-      const batch::Setting setting = batch::ReadSetting(line);
-      batch::StoreFieldValue(setting.place, setting.value);
+      const Setting setting = ReadSetting(line);
+      StoreFieldValue(setting.place, setting.value);
     }
   }
   return laws;
@@ -183,7 +183,7 @@ void MakeDesign(const fs::path& share, const fs::path& source) {
       throw std::runtime_error(source.string() + ": no such law: " + law);
     }
   }
-  batch::MakeDerivedValues(batch::kPiezo | batch::kSampling | batch::kLoads);
+  MakeDerivedValues(kPiezo | kSampling | kLoads);
   NormaliseExcitation();
   if (!excitationFile.empty()) {
     SaveExcitation(share / "EXCITE" / excitationFile);

@@ -242,7 +242,11 @@ void ReadSettings(const QCommandLineParser& parser, Request& request) {
     request.materials.push_back(ReadMaterialChoice(Bytes(text)));
   }
   for (const QString& text : parser.values("set")) {
-    request.settings.push_back(ReadSetting(Bytes(text)));
+    try {
+      request.settings.push_back(ReadSetting(Bytes(text)));
+    } catch (const WrongCommandLine& wrong) {
+      throw WrongCommandLine("--set " + Bytes(text) + ": " + wrong.what());
+    }
   }
   ReadSideInputs(parser, request.side);
   request.phase = WholeNumber(parser, "phase", 0, 2, request.phase);

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "batch/material_option.h"
-#include "batch/set_option.h"
 #include "batch/side_file_options.h"
+#include "quantities/settings.h"
 
 namespace halvorne::batch {
 

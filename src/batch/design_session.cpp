@@ -51,6 +51,13 @@ void ChooseForm(Session& session) {
 
 }  // namespace
 
+void TellFlatLoads() {
+  std::fputs(
+      "halvorne-batch: note: the frequencies have changed, so the complex acoustic loads are "
+      "taken as flat until the design is read again\n",
+      stderr);
+}
+
 void OpenDesign(Session& session) {
   const Request& request = session.request;
   std::vector<MaterialChoice> materials = request.materials;
@@ -64,7 +71,9 @@ void OpenDesign(Session& session) {
   EnableItems(true);
   ShowPlotAfterOpen();
   ApplyMaterials(materials);
-  ApplySettings(request.settings);
+  if (ApplySettings(request.settings)) {
+    TellFlatLoads();
+  }
   ApplySideInputs(request.side);
   if (request.recalc) {
     Recalc();

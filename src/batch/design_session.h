@@ -10,6 +10,9 @@ namespace halvorne::batch {
 /// material that is not there.
 void OpenDesign(Session& session);
 
+/// Says on standard error that complex loads have lost their values.
+void TellFlatLoads();
+
 /// Selects a plot of the open design, with the form of the request or its first one. Raises
 /// CommandFailed when nothing comes on show, WrongCommandLine for a form that the plot's list does
 /// not hold.

@@ -2,10 +2,10 @@
 
 #include <cmath>
 
-#include "batch/field_values.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "persistence/dispersion_file.h"
+#include "quantities/field_values.h"
 
 namespace halvorne::batch {
 namespace {

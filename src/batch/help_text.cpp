@@ -2,7 +2,7 @@
 
 #include "batch/command_line.h"
 #include "batch/commands.h"
-#include "batch/set_option.h"
+#include "quantities/settings.h"
 
 namespace halvorne::batch {
 namespace {

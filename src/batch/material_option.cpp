@@ -4,11 +4,11 @@
 #include <array>
 #include <charconv>
 
-#include "batch/derived_values.h"
 #include "batch/near_names.h"
 #include "batch/opened_store.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
+#include "quantities/derived_values.h"
 
 namespace halvorne::batch {
 namespace {

@@ -5,7 +5,6 @@
 #include <limits>
 #include <vector>
 
-#include "batch/field_values.h"
 #include "batch/stops.h"
 #include "engine/acoustic_sections.h"
 #include "engine/design_model.h"
@@ -13,6 +12,7 @@
 #include "persistence/excitation_file.h"
 #include "platform/file_failure.h"
 #include "platform/numbers.h"
+#include "quantities/field_values.h"
 #include "timedomain/excitation.h"
 
 namespace halvorne::batch {

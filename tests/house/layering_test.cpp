@@ -28,6 +28,7 @@ constexpr std::array kRooms = {
     Room{"persistence", {"persistence"}, 3},
     Room{"plot", {"plot"}, 4},
     Room{"report", {"report"}, 5},
+    Room{"quantities", {"quantities"}, 5},
     Room{"platform/qt", {"qt", "windows"}, kLine},
     Room{"plot/windows", {"plot_windows"}, 11},
     Room{"report/windows", {"report_windows", "report_pages"}, 12},

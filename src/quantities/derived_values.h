@@ -1,6 +1,6 @@
 #pragma once
 
-namespace halvorne::batch {
+namespace halvorne {
 
 /// What the fields that were set take along: derived values that have to be made anew.
 enum Derived : unsigned {
@@ -13,8 +13,9 @@ enum Derived : unsigned {
 };
 
 /// Makes derived values anew as the OK of the dialog that edits the fields does, short of the
-/// sweep. Says so on standard error when a complex load loses its values.
+/// sweep. Raises NotPossible for a tone burst of more points than a waveform has.
 /// @param which  a sum of Derived
-void MakeDerivedValues(unsigned which);
+/// @return true when a complex load has lost its values, since the frequencies have changed
+bool MakeDerivedValues(unsigned which);
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

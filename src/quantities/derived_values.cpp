@@ -1,18 +1,17 @@
-#include "batch/derived_values.h"
+#include "quantities/derived_values.h"
 
 #include <algorithm>
-#include <cstdio>
 #include <string>
 
-#include "batch/stops.h"
 #include "engine/acoustic_sections.h"
 #include "engine/design_model.h"
 #include "engine/piezo_section.h"
+#include "quantities/refusals.h"
 #include "timedomain/excitation.h"
 #include "timedomain/sample_rate.h"
 #include "timedomain/wave_state.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 constexpr int kToneBurst = 1;
@@ -27,8 +26,8 @@ void MakeExcitation() {
     draft.TmpExcitePoints = -1;
   }
   if (draft.TmpExcitePoints < -1 || draft.TmpExcitePoints > kLastTimePoint) {
-    throw CommandFailed("the design's ExcitePoints, " + std::to_string(draft.TmpExcitePoints) +
-                        ", must be from 0 to " + std::to_string(kLastTimePoint));
+    throw NotPossible("the design's ExcitePoints, " + std::to_string(draft.TmpExcitePoints) +
+                      ", must be from 0 to " + std::to_string(kLastTimePoint));
   }
   CalcExciteWfm();
   design.ExciteLength = draft.TmpExcitePoints;
@@ -37,19 +36,9 @@ void MakeExcitation() {
   std::fill(wave.ExciteRe.begin() + behind, wave.ExciteRe.end(), 0.0);
 }
 
-void FlattenLoads() {
-  ComplexLoad();
-  if (design.ZFrontComplex || design.ZBackComplex) {
-    std::fputs(
-        "halvorne-batch: note: the frequencies have changed, so the complex acoustic loads are "
-        "taken as flat until the design is read again\n",
-        stderr);
-  }
-}
-
 }  // namespace
 
-void MakeDerivedValues(unsigned which) {
+bool MakeDerivedValues(unsigned which) {
   if ((which & kPiezo) != 0) {
     PiezoConstants();
     PiezoLayers();
@@ -58,7 +47,7 @@ void MakeDerivedValues(unsigned which) {
     SampleRate();
   }
   if ((which & kLimits) != 0) {
-    FlattenLoads();
+    ComplexLoad();
   }
   if ((which & kLoads) != 0) {
     CmplxLoad();
@@ -67,6 +56,7 @@ void MakeDerivedValues(unsigned which) {
   if ((which & kExcitation) != 0 || burstMoved) {
     MakeExcitation();
   }
+  return (which & kLimits) != 0 && (design.ZFrontComplex || design.ZBackComplex);
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

@@ -1,12 +1,12 @@
-#include "batch/settable_fields.h"
+#include "quantities/settable_fields.h"
 
 #include <bit>
 #include <type_traits>
 
-#include "batch/derived_values.h"
 #include "engine/design_model.h"
+#include "quantities/derived_values.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 constexpr Rule kOneOrTwo{"1 or 2", [](double v) { return v == 1 || v == 2; }};
@@ -207,4 +207,4 @@ const std::vector<Field>& SettableFields() {
   return all;
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

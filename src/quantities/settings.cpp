@@ -1,13 +1,12 @@
-#include "batch/set_option.h"
+#include "quantities/settings.h"
 
 #include <algorithm>
 #include <cctype>
 
-#include "batch/derived_values.h"
-#include "batch/settable_fields.h"
-#include "batch/stops.h"
+#include "quantities/derived_values.h"
+#include "quantities/refusals.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 /// A name as it was written: without its indexes, and these.
@@ -30,7 +29,7 @@ WrittenName SplitName(const std::string& written) {
     return {written, {}};
   }
   if (open == std::string::npos || close == std::string::npos || close < open) {
-    throw WrongCommandLine("its parentheses do not match");
+    throw WrongInput("its parentheses do not match");
   }
   WrittenName split{written.substr(0, open + 1) + written.substr(close), {}};
   std::string_view inside = std::string_view(written).substr(open + 1, close - open - 1);
@@ -68,57 +67,64 @@ const Field& FindField(const std::string& name) {
   };
   for (const Field& field : table) {
     if (SameButCase(withoutIndex(field.name), withoutIndex(name))) {
-      throw WrongCommandLine("the field is called " + NameWithBounds(field));
+      throw WrongInput("the field is called " + NameWithBounds(field));
     }
   }
-  throw WrongCommandLine("the design has no such field; 'halvorne-batch help fields' lists all");
+  throw WrongInput("the design has no such field; 'halvorne-batch help fields' lists all");
 }
 
 Indexes CheckIndexes(const Field& field, const std::vector<long>& indexes) {
   if (indexes.size() != field.bounds.size()) {
-    throw WrongCommandLine("the field is called " + NameWithBounds(field));
+    throw WrongInput("the field is called " + NameWithBounds(field));
   }
   for (std::size_t k = 0; k < indexes.size(); ++k) {
     if (indexes[k] < field.bounds[k].first || indexes[k] > field.bounds[k].last) {
-      throw WrongCommandLine("index " + std::to_string(indexes[k]) + " is out of bounds, " +
-                             NameWithBounds(field));
+      throw WrongInput("index " + std::to_string(indexes[k]) + " is out of bounds, " +
+                       NameWithBounds(field));
     }
   }
   return {indexes.empty() ? 0 : indexes[0], indexes.size() < 2 ? 0 : indexes[1]};
 }
 
-Setting ReadPair(const std::string& name, const std::string& value) {
-  const WrittenName written = SplitName(name);
-  const Field& field = FindField(written.name);
-  Setting setting{field.place(CheckIndexes(field, written.indexes)), {}, field.derived};
-  setting.value = ReadFieldValue(setting.place, value);
-  if (field.rule != nullptr && !field.rule->holds(NumberOf(setting.value))) {
-    throw WrongCommandLine("the value must be " + std::string(field.rule->words));
+void CheckRule(const NamedField& field, const FieldValue& value) {
+  if (field.rule != nullptr && !field.rule->holds(NumberOf(value))) {
+    throw WrongInput("the value must be " + std::string(field.rule->words));
   }
-  return setting;
 }
 
 }  // namespace
 
-Setting ReadSetting(const std::string& text) {
-  const std::size_t equals = text.find('=');
-  try {
-    if (equals == std::string::npos || equals == 0) {
-      throw WrongCommandLine("it is not of the form NAME=VALUE");
-    }
-    return ReadPair(text.substr(0, equals), text.substr(equals + 1));
-  } catch (const WrongCommandLine& wrong) {
-    throw WrongCommandLine("--set " + text + ": " + wrong.what());
-  }
+NamedField FindNamedField(const std::string& name) {
+  const WrittenName written = SplitName(name);
+  const Field& field = FindField(written.name);
+  return {field.place(CheckIndexes(field, written.indexes)), field.derived, field.rule};
 }
 
-void ApplySettings(std::span<const Setting> settings) {
+Setting SettingOf(const NamedField& field, double number) {
+  const Setting setting{field.place, NumberAsFieldValue(field.place, number), field.derived};
+  CheckRule(field, setting.value);
+  return setting;
+}
+
+Setting ReadSetting(const std::string& text) {
+  const std::size_t equals = text.find('=');
+  if (equals == std::string::npos || equals == 0) {
+    throw WrongInput("it is not of the form NAME=VALUE");
+  }
+  const NamedField field = FindNamedField(text.substr(0, equals));
+  const Setting setting{field.place, ReadFieldValue(field.place, text.substr(equals + 1)),
+                        field.derived};
+  CheckRule(field, setting.value);
+  return setting;
+}
+
+bool ApplySettings(std::span<const Setting> settings) {
   unsigned derived = kNothing;
   for (const Setting& setting : settings) {
     StoreFieldValue(setting.place, setting.value);
     derived |= setting.derived;
   }
-  MakeDerivedValues(derived);
+  return MakeDerivedValues(derived);
 }
 
 std::vector<std::string> FieldNames() {
@@ -129,4 +135,4 @@ std::vector<std::string> FieldNames() {
   return names;
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

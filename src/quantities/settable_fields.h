@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "batch/field_values.h"
+#include "quantities/field_values.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 
 /// Indexes of an element; those that a field does not have are 0.
 struct Indexes {
@@ -38,4 +38,4 @@ struct Field {
 /// All fields of the design that can be named.
 const std::vector<Field>& SettableFields();
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

@@ -1,4 +1,4 @@
-#include "batch/field_values.h"
+#include "quantities/field_values.h"
 
 #include <algorithm>
 #include <cctype>
@@ -7,33 +7,49 @@
 #include <limits>
 #include <type_traits>
 
-#include "batch/stops.h"
+#include "quantities/refusals.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 std::string Quoted(std::string_view text) {
   return std::string("'").append(text).append("'");
 }
 
+/// A number's own words for a complaint about it.
+std::string Shown(double value) {
+  char digits[32];
+  return Quoted({digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr});
+}
+
 template <class Integer>
-Integer ReadInteger(std::string_view text) {
-  const double value = ReadNumber(text);
+Integer WholeNumber(double value, const std::string& shown) {
   if (value != std::trunc(value)) {
-    throw WrongCommandLine(Quoted(text) + " is not a whole number");
+    throw WrongInput(shown + " is not a whole number");
   }
   if (value < std::numeric_limits<Integer>::min() || value > std::numeric_limits<Integer>::max()) {
-    throw WrongCommandLine(Quoted(text) + " is too large");
+    throw WrongInput(shown + " is too large");
   }
   return static_cast<Integer>(value);
 }
 
-float ReadSingle(std::string_view text) {
-  const double value = ReadNumber(text);
+float Single(double value, const std::string& shown) {
   if (std::abs(value) > std::numeric_limits<float>::max()) {
-    throw WrongCommandLine(Quoted(text) + " is too large");
+    throw WrongInput(shown + " is too large");
   }
   return static_cast<float>(value);
+}
+
+/// A number as a value of a type that holds numbers.
+template <class Type>
+Type NumberAs(double value, const std::string& shown) {
+  if constexpr (std::is_same_v<Type, float>) {
+    return Single(value, shown);
+  } else if constexpr (std::is_same_v<Type, double>) {
+    return value;
+  } else {
+    return WholeNumber<Type>(value, shown);
+  }
 }
 
 bool ReadTruth(std::string_view text) {
@@ -45,12 +61,12 @@ bool ReadTruth(std::string_view text) {
   if (lower == "false" || lower == "#false#" || lower == "0") {
     return false;
   }
-  throw WrongCommandLine(Quoted(text) + " is neither true nor false");
+  throw WrongInput(Quoted(text) + " is neither true nor false");
 }
 
 std::string ReadText(std::string_view text) {
   if (text.find_first_of("\"\r\n") != std::string_view::npos) {
-    throw WrongCommandLine("a text of a design holds no double quote and no line end");
+    throw WrongInput("a text of a design holds no double quote and no line end");
   }
   return std::string(text);
 }
@@ -62,10 +78,10 @@ double ReadNumber(std::string_view text) {
   double value = 0;
   const auto [end, error] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
   if (error == std::errc::result_out_of_range) {
-    throw WrongCommandLine(Quoted(text) + " is beyond the range of numbers");
+    throw WrongInput(Quoted(text) + " is beyond the range of numbers");
   }
   if (error != std::errc() || end != digits.data() + digits.size() || !std::isfinite(value)) {
-    throw WrongCommandLine(Quoted(text) + " is not a number");
+    throw WrongInput(Quoted(text) + " is not a number");
   }
   return value;
 }
@@ -78,15 +94,36 @@ FieldValue ReadFieldValue(const FieldPlace& place, std::string_view text) {
           return ReadTruth(text);
         } else if constexpr (std::is_same_v<Type, std::string>) {
           return ReadText(text);
-        } else if constexpr (std::is_same_v<Type, float>) {
-          return ReadSingle(text);
-        } else if constexpr (std::is_same_v<Type, double>) {
-          return ReadNumber(text);
         } else {
-          return ReadInteger<Type>(text);
+          return NumberAs<Type>(ReadNumber(text), Quoted(text));
         }
       },
       place);
+}
+
+FieldValue NumberAsFieldValue(const FieldPlace& place, double number) {
+  return std::visit(
+      [number](auto* field) -> FieldValue {
+        using Type = std::remove_pointer_t<decltype(field)>;
+        if constexpr (std::is_same_v<Type, std::string>) {
+          throw WrongInput("the field is a text");
+        } else if constexpr (std::is_same_v<Type, bool>) {
+          if (number != 0 && number != 1) {
+            throw WrongInput(Shown(number) + " is neither 0 nor 1");
+          }
+          return number == 1;
+        } else {
+          if (!std::isfinite(number)) {
+            throw WrongInput(Shown(number) + " is not a number");
+          }
+          return NumberAs<Type>(number, Shown(number));
+        }
+      },
+      place);
+}
+
+FieldValue StoredFieldValue(const FieldPlace& place) {
+  return std::visit([](const auto* field) -> FieldValue { return *field; }, place);
 }
 
 double NumberOf(const FieldValue& value) {
@@ -107,4 +144,4 @@ void StoreFieldValue(const FieldPlace& place, const FieldValue& value) {
       place);
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne
