@@ -28,7 +28,7 @@ int main(int argc, char** argv) {
   const QuietProgram program;
   std::vector<Row> rows;
   for (const auto subject :
-       {SweepRows, PaintedRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
+       {SweepRows, PaintedRows, BatchRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
     const std::vector<Row> more = subject();
     rows.insert(rows.end(), more.begin(), more.end());
   }

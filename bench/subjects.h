@@ -8,6 +8,8 @@ namespace halvorne::bench {
 
 /// Sweeps beside the library calls that they need.
 std::vector<Row> SweepRows();
+/// Variants in one batch process beside what their sweeps allow.
+std::vector<Row> BatchRows();
 /// Transform and excitation plot beside FFTW.
 std::vector<Row> TransformRows();
 /// Design file beside bare number conversions.

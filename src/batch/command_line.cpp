@@ -23,8 +23,8 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 24>& Options() {
-  static const std::array<Option, 24> options{{
+const std::array<Option, 26>& Options() {
+  static const std::array<Option, 26> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
@@ -36,6 +36,14 @@ const std::array<Option, 24>& Options() {
        kDetail,
        "the report with the layers' material (1) or without (2); default 1"},
       {{"paper"}, "NAME", kPaper, "paper of the report: A4 (default) or Letter"},
+      {{"measure"},
+       "NAME",
+       kMeasures,
+       "measure this, see 'help measures'; several with commas; any number"},
+      {{"variants"},
+       "FILE",
+       kMeasures,
+       "measure a variant for each line of FILE, a line of settings as of --set"},
       {{"table"}, "T", kMaterials, "only the table T"},
       {{"find"}, "TEXT", kMaterials, "only materials whose name holds TEXT, in whatever case"},
       {{"material"},
@@ -235,6 +243,22 @@ void ReadSideInputs(const QCommandLineParser& parser, SideInputs& inputs) {
   }
 }
 
+void ReadMeasures(const QCommandLineParser& parser, Request& request) {
+  for (const QString& list : parser.values("measure")) {
+    for (const QString& name : list.split(',')) {
+      try {
+        request.measures.push_back(ReadMeasure(Bytes(name)));
+      } catch (const WrongCommandLine& wrong) {
+        throw WrongCommandLine("--measure " + Bytes(name) + ": " + wrong.what());
+      }
+    }
+  }
+  request.variants = Bytes(Value(parser, "variants"));
+  if (parser.isSet("variants") && request.variants.empty()) {
+    throw WrongCommandLine("--variants: the file has no name");
+  }
+}
+
 void ReadSettings(const QCommandLineParser& parser, Request& request) {
   request.table = Bytes(Value(parser, "table"));
   request.find = Bytes(Value(parser, "find"));
@@ -281,6 +305,7 @@ Request ReadCommand(const QCommandLineParser& parser) {
   ReadWords(words, request);
   ReadOutput(parser, request);
   ReadSettings(parser, request);
+  ReadMeasures(parser, request);
   if ((request.command->takes & kPlot) != 0) {
     request.plot = PlotNumber(parser, *request.command);
   }

@@ -7,6 +7,7 @@
 
 #include "batch/material_option.h"
 #include "batch/side_file_options.h"
+#include "quantities/measure_names.h"
 #include "quantities/settings.h"
 
 namespace halvorne::batch {
@@ -33,8 +34,10 @@ struct Request {
   QSize size;                ///< pixels of 1/96 inch; not valid when none was given
   std::vector<MaterialChoice> materials;
   std::vector<Setting> settings;
-  std::string table;  ///< of materials; empty: all
-  std::string find;   ///< of materials: what their names hold
+  std::vector<Measure> measures;  ///< empty: the usual ones
+  std::string variants;           ///< file of settings; empty: none
+  std::string table;              ///< of materials; empty: all
+  std::string find;               ///< of materials: what their names hold
   SideInputs side;
 
   // Display settings, as in the setup file.

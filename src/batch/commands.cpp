@@ -7,6 +7,7 @@
 #include "batch/help_text.h"
 #include "batch/inspection.h"
 #include "batch/material_csv.h"
+#include "batch/measurements.h"
 #include "batch/output.h"
 #include "batch/plot_pictures.h"
 #include "batch/report_files.h"
@@ -124,16 +125,27 @@ void RunInfo(Session& session) {
   WriteOutput(session, DesignSummary());
 }
 
+void RunMeasure(Session& session) {
+  OpenDesign(session);
+  WriteMeasurements(session);
+}
+
 void RunMaterials(Session& session) {
   WriteOutput(session, MaterialCsv(session.request));
 }
 
 void RunHelp(Session& session) {
   const std::string& topic = session.request.topic;
-  if (!topic.empty() && topic != "fields") {
-    throw WrongCommandLine("there is no help on '" + topic + "'; there is one on fields");
+  if (topic.empty()) {
+    WriteOutput(session, HelpText());
+  } else if (topic == "fields") {
+    WriteOutput(session, FieldsHelpText());
+  } else if (topic == "measures") {
+    WriteOutput(session, MeasuresHelpText());
+  } else {
+    throw WrongCommandLine("there is no help on '" + topic +
+                           "'; there is one on fields and one on measures");
   }
-  WriteOutput(session, topic.empty() ? HelpText() : FieldsHelpText());
 }
 
 void RunVersion(Session& session) {
@@ -161,6 +173,8 @@ constexpr Command kCommands[] = {
      "all plots of the design on one sheet, WxH each", RunContact},
     {"stats", kPlotText, "stats IN --plot N [--form K]",
      "bandwidth, pulse width and attenuation as text", RunStatistics},
+    {"measure", kText | kMeasures, "measure IN [--measure NAME] [--variants FILE]",
+     "measurements by name as a line of JSON, one for each variant of a list", RunMeasure},
     {"graphdata", kPlotText, "graphdata IN --plot N [--form K]",
      "the plotted values as a table for a spreadsheet's clipboard", RunGraphData},
     {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
@@ -173,7 +187,8 @@ constexpr Command kCommands[] = {
     {"info", kText, "info IN", "a summary of the design", RunInfo},
     {"materials", kOutput | kMaterials, "materials [piezo|acoustic] [--table T] [--find TEXT]",
      "the tables of the material databases as CSV", RunMaterials},
-    {"help", kOutput, "help [fields]", "this text, or the fields that --set knows", RunHelp},
+    {"help", kOutput, "help [fields|measures]",
+     "this text, the fields that --set knows, or the measures of --measure", RunHelp},
     {"--version", kOutput, "--version", "the version of the program", RunVersion},
 };
 

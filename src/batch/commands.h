@@ -28,8 +28,9 @@ enum Takes : unsigned {
   kNeedsOutput = 64,
   kMaterials = 128,  ///< --table and --find
   kNeedsPlot = 256,
-  kDetail = 512,  ///< --detail
-  kPaper = 1024   ///< --paper
+  kDetail = 512,    ///< --detail
+  kPaper = 1024,    ///< --paper
+  kMeasures = 2048  ///< --measure and --variants
 };
 
 struct Command {
