@@ -52,6 +52,13 @@ void HeadlessSurface::Box(double x1, double y1, double x2, double y2) {
   pen_ = {x2, y2};
 }
 
+void HeadlessSurface::FillBox(double x1, double y1, double x2, double y2, Colour colour) {
+  DrawnOperation& filled = Write(DrawnOperation::Kind::kFill);
+  filled.points = {{x1, y1}, {x2, y2}};
+  filled.colour = colour;
+  pen_ = {x2, y2};
+}
+
 void HeadlessSurface::Polyline(std::span<const Point> points) {
   if (points.size() < 2) {
     return;

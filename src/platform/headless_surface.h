@@ -9,7 +9,7 @@ namespace halvorne {
 
 /// One operation that a surface was told, with the state that it was drawn in.
 struct DrawnOperation {
-  enum class Kind { kCls, kScale, kLine, kBox, kPolyline, kText, kNewPage, kEndDoc };
+  enum class Kind { kCls, kScale, kLine, kBox, kFill, kPolyline, kText, kNewPage, kEndDoc };
 
   Kind kind = Kind::kCls;
   std::vector<Point> points;  ///< corners, ends or vertices; the pen for a text
@@ -46,6 +46,7 @@ class HeadlessSurface final : public Surface {
   void Line(double x1, double y1, double x2, double y2) override;
   void Line(double x1, double y1, double x2, double y2, Colour colour) override;
   void Box(double x1, double y1, double x2, double y2) override;
+  void FillBox(double x1, double y1, double x2, double y2, Colour colour) override;
   void Polyline(std::span<const Point> points) override;
   double CurrentX() const override { return pen_.x; }
   double CurrentY() const override { return pen_.y; }

@@ -59,6 +59,8 @@ class Surface {
   virtual void Line(double x1, double y1, double x2, double y2, Colour colour) = 0;
   /// Unfilled box with two opposite corners.
   virtual void Box(double x1, double y1, double x2, double y2) = 0;
+  /// Box with two opposite corners, filled with a colour, without an edge.
+  virtual void FillBox(double x1, double y1, double x2, double y2, Colour colour) = 0;
   /// Lines from each point to the next, handed over at once: the way in which traces are drawn.
   /// The pen ends at the last point. Fewer than two points draw nothing.
   virtual void Polyline(std::span<const Point> points) = 0;

@@ -134,6 +134,18 @@ void PageRecord::Box(double x1, double y1, double x2, double y2) {
                 .Line();
 }
 
+void PageRecord::FillBox(double x1, double y1, double x2, double y2, Colour colour) {
+  drawn_.FillBox(x1, y1, x2, y2, colour);
+  lines_ += Object("fill")
+                .Add("page", page_)
+                .Add("x1", PageX(x1))
+                .Add("y1", PageY(y1))
+                .Add("x2", PageX(x2))
+                .Add("y2", PageY(y2))
+                .Add("color", ColourOf(colour))
+                .Line();
+}
+
 void PageRecord::Polyline(std::span<const Point> trace) {
   drawn_.Polyline(trace);
   if (trace.size() < 2) {

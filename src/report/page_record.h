@@ -28,6 +28,7 @@ class PageRecord final : public Surface {
   void Line(double x1, double y1, double x2, double y2) override;
   void Line(double x1, double y1, double x2, double y2, Colour colour) override;
   void Box(double x1, double y1, double x2, double y2) override;
+  void FillBox(double x1, double y1, double x2, double y2, Colour colour) override;
   void Polyline(std::span<const Point> points) override;
   double CurrentX() const override { return drawn_.CurrentX(); }
   double CurrentY() const override { return drawn_.CurrentY(); }

@@ -85,6 +85,9 @@ TEST(HeadlessSurface, KeepsWhatWasDrawnBeforeItWasCleared) {
   HeadlessSurface surface(SurfaceKind::kPrinter);
   EXPECT_EQ(surface.Kind(), SurfaceKind::kPrinter);
   surface.Box(0, 0, 1, 1);
+  surface.FillBox(2, 3, 4, 5, kBlue);
+  EXPECT_EQ(surface.Operations().back().colour, kBlue);
+  EXPECT_EQ(surface.CurrentY(), 5);
   surface.Cls();
   surface.NewPage();
   surface.EndDoc();
@@ -92,7 +95,8 @@ TEST(HeadlessSurface, KeepsWhatWasDrawnBeforeItWasCleared) {
   for (const DrawnOperation& operation : surface.Operations()) {
     kinds.push_back(operation.kind);
   }
-  EXPECT_EQ(kinds, (std::vector<Kind>{Kind::kBox, Kind::kCls, Kind::kNewPage, Kind::kEndDoc}));
+  EXPECT_EQ(kinds, (std::vector<Kind>{Kind::kBox, Kind::kFill, Kind::kCls, Kind::kNewPage,
+                                      Kind::kEndDoc}));
   EXPECT_EQ(surface.CurrentX(), 0) << "Cls takes the pen home";
   surface.Forget();
   EXPECT_TRUE(surface.Operations().empty());

@@ -61,6 +61,14 @@ TEST_F(Record, TurnsTheGraphsScaleIntoPageUnits) {
   EXPECT_EQ(paper.Operations().size(), 5U) << "all is drawn as well";
 }
 
+TEST_F(Record, AFilledBoxHasItsColour) {
+  record.Scale(0, 10, 10, 0);
+  record.FillBox(1, 2, 3, 4, kCyan);
+  EXPECT_EQ(Rest(), Texts{"{\"op\":\"fill\",\"page\":1,\"x1\":1,\"y1\":2,\"x2\":3,\"y2\":4,"
+                          "\"color\":\"#008080\"}"});
+  EXPECT_EQ(paper.Operations().back().kind, DrawnOperation::Kind::kFill);
+}
+
 TEST_F(Record, ATextHasThePenItsLooksAndItsMeasures) {
   record.Scale(0, 10, 10, 0);
   record.SetFontSize(8);

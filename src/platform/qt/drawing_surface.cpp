@@ -140,6 +140,16 @@ void DrawingSurface::Box(double x1, double y1, double x2, double y2) {
   pen_ = {x2, y2};
 }
 
+void DrawingSurface::FillBox(double x1, double y1, double x2, double y2, Colour colour) {
+  // On a grid of pixels neighbours meet without a seam.
+  const auto corner = [&](QPointF point) {
+    return canvas_.pixelGrid ? QPointF(std::round(point.x()), std::round(point.y())) : point;
+  };
+  const QRectF box = QRectF(corner(Map(x1, y1)), corner(Map(x2, y2))).normalized();
+  Paint(box, [&](QPainter& painter) { painter.fillRect(box, ToQColor(colour)); });
+  pen_ = {x2, y2};
+}
+
 void DrawingSurface::Polyline(std::span<const Point> points) {
   if (points.size() < 2) {
     return;

@@ -47,6 +47,7 @@ class DrawingSurface : public Surface {
   void Line(double x1, double y1, double x2, double y2) override;
   void Line(double x1, double y1, double x2, double y2, Colour colour) override;
   void Box(double x1, double y1, double x2, double y2) override;
+  void FillBox(double x1, double y1, double x2, double y2, Colour colour) override;
   void Polyline(std::span<const Point> points) override;
   double CurrentX() const override { return pen_.x; }
   double CurrentY() const override { return pen_.y; }
