@@ -63,6 +63,12 @@ void RunPlot(Session& session) {
   WriteBytes(session, PlotPicture(format, session.request.size));
 }
 
+void RunStack(Session& session) {
+  const PictureFormat format = PictureFormatOf(session.request.out);
+  OpenDesign(session);
+  WriteBytes(session, StackPicture(format, session.request.size));
+}
+
 void RunContact(Session& session) {
   if (PictureFormatOf(session.request.out) != PictureFormat::kPng) {
     throw WrongCommandLine("-o: a contact sheet's name ends in .png");
@@ -171,6 +177,8 @@ constexpr Command kCommands[] = {
      "the picture as the main window shows it", RunPlot},
     {"contact", kText | kSize, "contact IN -o FILE.png [--size WxH]",
      "all plots of the design on one sheet, WxH each", RunContact},
+    {"stack", kText | kSize, "stack IN -o FILE [--size WxH]",
+     "the layers and the electrical network as the main window draws them", RunStack},
     {"stats", kPlotText, "stats IN --plot N [--form K]",
      "bandwidth, pulse width and attenuation as text", RunStatistics},
     {"measure", kText | kMeasures, "measure IN [--measure NAME] [--variants FILE]",

@@ -7,6 +7,7 @@
 #include <QPageSize>
 #include <QPdfWriter>
 #include <QSvgGenerator>
+#include <functional>
 
 #include "batch/stops.h"
 #include "platform/qt/painter_surface.h"
@@ -14,18 +15,23 @@
 #include "platform/qt/text.h"
 #include "plot/graph.h"
 #include "plot/plot_state.h"
+#include "report/stack_drawing.h"
 
 namespace halvorne::batch {
 namespace {
 
 constexpr QSize kDefaultSize(1000, 620);
+constexpr QSize kDefaultStackSize(640, 480);
 constexpr int kDotsPerInch = 96;
 constexpr int kDotsPerMetre = 3780;
 constexpr double kPointsPerPixel = 72.0 / kDotsPerInch;
 
-void DrawOn(QPaintDevice& device) {
+/// Draws on the surface of a picture.
+using Drawing = std::function<void(Surface&)>;
+
+void PaintOn(QPaintDevice& device, const Drawing& draw) {
   PainterSurface surface(device, SurfaceKind::kMainPicture);
-  PlotGraphOn(surface);
+  draw(surface);
 }
 
 /// Names the font that the texts were measured with first and then likely ones; the toolkit names
@@ -40,33 +46,40 @@ QByteArray WithFontChoices(QByteArray svg) {
   return svg.replace(wanted, choices + ", sans-serif\"");
 }
 
-QByteArray SvgPicture(QSize size) {
+QByteArray SvgPicture(QSize size, const QString& title, const Drawing& draw) {
   QBuffer buffer;
   QSvgGenerator generator;
   generator.setOutputDevice(&buffer);
   generator.setSize(size);
   generator.setViewBox(QRect({0, 0}, size));
   generator.setResolution(kDotsPerInch);
-  generator.setTitle(ToQString(plot.PlotTitle));
+  generator.setTitle(title);
   generator.setDescription(ToQString(design.DesignTitle));
-  DrawOn(generator);
+  PaintOn(generator, draw);
   return WithFontChoices(buffer.data());
 }
 
-QByteArray PdfPicture(QSize size) {
+QByteArray PdfPicture(QSize size, const QString& title, const Drawing& draw) {
   const QPageSize page(QSizeF(size) * kPointsPerPixel, QPageSize::Point, QString(),
                        QPageSize::ExactMatch);
   return MakePdf(QPageLayout(page, QPageLayout::Portrait, QMarginsF()),
-                 {.title = ToQString(plot.PlotTitle), .author = QStringLiteral("Halvorne")},
-                 [](QPdfWriter& writer) { DrawOn(writer); });
+                 {.title = title, .author = QStringLiteral("Halvorne")},
+                 [&draw](QPdfWriter& writer) { PaintOn(writer, draw); });
 }
 
-QImage PlotImage(QSize size) {
+void Fill(QImage& image, const Drawing& draw) {
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+  image.fill(Qt::white);
+  PaintOn(image, draw);
+}
+
+QImage ImageOf(QSize size, const Drawing& draw) {
   QImage image(size, QImage::Format_RGB32);
   if (image.isNull()) {
     throw CommandFailed("there is not enough memory for the picture");
   }
-  DrawPlot(image);
+  Fill(image, draw);
   return image;
 }
 
@@ -87,10 +100,7 @@ PictureFormat PictureFormatOf(const std::string& fileName) {
 }
 
 void DrawPlot(QImage& image) {
-  image.setDotsPerMeterX(kDotsPerMetre);
-  image.setDotsPerMeterY(kDotsPerMetre);
-  image.fill(Qt::white);
-  DrawOn(image);
+  Fill(image, PlotGraphOn);
 }
 
 QByteArray PngOf(const QImage& image) {
@@ -102,16 +112,28 @@ QByteArray PngOf(const QImage& image) {
   return buffer.data();
 }
 
-QByteArray PlotPicture(PictureFormat format, QSize size) {
-  const QSize pixels = size.isValid() ? size : kDefaultSize;
+QByteArray MakePicture(PictureFormat format, QSize size, const QString& title,
+                       const Drawing& draw) {
   switch (format) {
     case PictureFormat::kSvg:
-      return SvgPicture(pixels);
+      return SvgPicture(size, title, draw);
     case PictureFormat::kPdf:
-      return PdfPicture(pixels);
+      return PdfPicture(size, title, draw);
     default:
-      return PngOf(PlotImage(pixels));
+      return PngOf(ImageOf(size, draw));
   }
+}
+
+QByteArray PlotPicture(PictureFormat format, QSize size) {
+  return MakePicture(format, size.isValid() ? size : kDefaultSize, ToQString(plot.PlotTitle),
+                     PlotGraphOn);
+}
+
+QByteArray StackPicture(PictureFormat format, QSize size) {
+  const QSize pixels = size.isValid() ? size : kDefaultStackSize;
+  return MakePicture(format, pixels, QStringLiteral("Stack"), [pixels](Surface& surface) {
+    DrawStack(surface, StackOfDesign(), pixels.width(), pixels.height());
+  });
 }
 
 }  // namespace halvorne::batch

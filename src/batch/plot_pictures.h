@@ -18,7 +18,11 @@ PictureFormat PictureFormatOf(const std::string& fileName);
 /// @param size  in pixels of 1/96 inch; a default when it is not valid
 QByteArray PlotPicture(PictureFormat format, QSize size);
 
-/// The same over all of an image.
+/// The stack of the design as the main window shows it, as the bytes of a file.
+/// @param size  as above
+QByteArray StackPicture(PictureFormat format, QSize size);
+
+/// The plot on show over all of an image.
 void DrawPlot(QImage& image);
 
 /// An image as the bytes of a PNG file.

@@ -157,6 +157,32 @@ TEST_F(BatchPictures, EveryPlotAndFormLeavesMoreThanItsAxes) {
   }
 }
 
+TEST_F(BatchPictures, TheStackIsDrawnInEachFormat) {
+  const auto draw = [&](const std::string& name, Words words) {
+    words.insert(words.begin(), {"stack", file});
+    words.insert(words.end(), {"-o", Path(name)});
+    EXPECT_EQ(Output(words), "");
+    return QByteArray::fromStdString(ReadFile(Path(name)));
+  };
+  const QImage image = QImage::fromData(draw("stack.png", {}));
+  EXPECT_EQ(image.size(), QSize(640, 480)) << "the default";
+  // The middle of the layers' left third is filled, the right edge is paper.
+  EXPECT_NE(image.pixel(130, 250), qRgb(255, 255, 255));
+  EXPECT_EQ(image.pixel(638, 250), qRgb(255, 255, 255));
+  EXPECT_EQ(QImage::fromData(draw("small.png", {"--size", "100x100"})).size(), QSize(100, 100));
+  const QByteArray svg = draw("stack.svg", {});
+  EXPECT_TRUE(QSvgRenderer(svg).isValid());
+  EXPECT_TRUE(svg.contains("Face plate 1: "));
+  EXPECT_TRUE(draw("stack.pdf", {}).startsWith("%PDF-"));
+}
+
+TEST_F(BatchPictures, TheStackFollowsTheFieldsThatAreSet) {
+  const auto stack = [&](const std::string& setting) {
+    return Output({"stack", file, "--set", setting});
+  };
+  EXPECT_NE(stack("FrontThick(1)=0.002"), stack("FrontThick(1)=0.0001"));
+}
+
 TEST_F(BatchPictures, AContactSheetHoldsThePlotsThatTheWindowOffers) {
   const auto sheet = [&](const std::string& name) {
     Output({"contact", Shipped(name), "-o", Path("sheet.png"), "--size", "200x150"});
