@@ -19,6 +19,9 @@ class frmAcoustLoad final : public ModalDialog {
  public:
   explicit frmAcoustLoad(QWidget* parent = nullptr);
 
+  /// Gives the focus to the value of the front medium; without it the rear one has it.
+  void ShowFront() { front.value->setFocus(); }
+
  private:
   /// The controls of a side.
   struct Side {

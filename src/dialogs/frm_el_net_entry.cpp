@@ -4,6 +4,7 @@
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QVBoxLayout>
+#include <algorithm>
 
 #include "dialogs/entry_layout.h"
 #include "dialogs/frm_enter_element.h"
@@ -67,6 +68,10 @@ void frmElNetEntry::Form_Load() try {
   DisableButtons();
 } catch (...) {
   ReportFailure("Form_Load", "frmElNetEntry");
+}
+
+void frmElNetEntry::ShowRow(int row) {
+  lstElNet->setCurrentRow(std::clamp(row, 1, lstElNet->count()) - 1);
 }
 
 int frmElNetEntry::ListIndex() const {

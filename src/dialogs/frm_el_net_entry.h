@@ -13,6 +13,9 @@ class frmElNetEntry final : public ModalDialog {
  public:
   explicit frmElNetEntry(QWidget* parent = nullptr);
 
+  /// Selects the element of a row, from 1; the line behind them where there is none.
+  void ShowRow(int row);
+
  protected:
   bool eventFilter(QObject* watched, QEvent* event) override;
 

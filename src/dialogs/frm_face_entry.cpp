@@ -119,6 +119,11 @@ void frmFaceEntry::ShowMaterialOf(int index) {
   lblZ.at(i)->setText(ToQString(Format(plate.Density * plate.Velocity / 1000000, "#0.00")));
 }
 
+void frmFaceEntry::ShowPlate(int plate) {
+  entry.CurAcLayer = static_cast<std::int16_t>(plate);
+  txtFaceMM.at(static_cast<std::size_t>(plate - 1))->setFocus();
+}
+
 void frmFaceEntry::MatlTabEnable() try {
   CmdView[1]->setVisible(draft.TmpNoPlates >= 1);
 } catch (...) {

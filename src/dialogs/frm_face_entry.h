@@ -30,6 +30,8 @@ class frmFaceEntry final : public ModalDialog {
   frmFaceEntry(const frmFaceEntry&) = delete;
   frmFaceEntry& operator=(const frmFaceEntry&) = delete;
 
+  /// Leads to a plate, from 1: its thickness has the focus, and the Material page shows it.
+  void ShowPlate(int plate);
   /// Shows page 0 "Thickness", 1 "Material" or 2 "Dispersion".
   void CmdView_Click(int index);
   /// Fills the Material page from the draft's plate (1 to 10).

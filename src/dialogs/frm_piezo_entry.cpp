@@ -64,6 +64,15 @@ void frmPiezoEntry::Form_Load() try {
   ReportFailure("Form_Load", "frmPiezoEntry");
 }
 
+void frmPiezoEntry::ShowLayer(int layer) {
+  if (entry.PZDBReturn) {
+    optPZLayer[layer - 1]->setChecked(true);
+  } else {
+    entry.CurPZLayer = static_cast<std::int16_t>(layer);
+    txtPZmm[layer - 1]->setFocus();
+  }
+}
+
 void frmPiezoEntry::CmdView_Click(int index) try {
   page = index;
   pages.Show(index);

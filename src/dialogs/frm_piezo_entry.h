@@ -24,6 +24,9 @@ class frmPiezoEntry final : public ModalDialog {
  public:
   explicit frmPiezoEntry(QWidget* parent = nullptr);
 
+  /// Leads to a layer, 1 or 2: its thickness has the focus, and the Material page shows it.
+  void ShowLayer(int layer);
+
  protected:
   void closeEvent(QCloseEvent* event) override;
 

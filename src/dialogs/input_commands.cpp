@@ -10,7 +10,7 @@
 
 namespace halvorne {
 
-void EnterPiezoLayers(QWidget* owner) {
+void EnterPiezoLayers(QWidget* owner, int layer) {
   draft.TmpPZMatl = design.PZMatl;
   draft.TmpPZThick = design.PZThick;
   draft.TmpPZPolarity = design.PZPolarity;
@@ -21,11 +21,15 @@ void EnterPiezoLayers(QWidget* owner) {
   // Kept: entry.PZDBReturn stays, so that after a browser left by its Cancel the dialog opens on
   // the Material page.
   mainWindow().SetMousePointer(kBusyPointer);
-  frmPiezoEntry(owner).exec();
+  frmPiezoEntry dialog(owner);
+  if (layer != 0) {
+    dialog.ShowLayer(layer);
+  }
+  dialog.exec();
   mainWindow().SetMousePointer(kNormalPointer);
 }
 
-void EnterPlates(const char* side, QWidget* owner) {
+void EnterPlates(const char* side, QWidget* owner, int plate) {
   entry.AcDBReturn = false;
   entry.PlateSide = side;
   TakePlatesIntoDraft();
@@ -35,6 +39,9 @@ void EnterPlates(const char* side, QWidget* owner) {
   mainWindow().SetMousePointer(kBusyPointer);
   if (FormCount("frmFaceEntry") > 0) {
     UnloadForm("frmFaceEntry");
+  }
+  if (plate != 0) {
+    frmFaceEntry::Loaded(owner).ShowPlate(plate);
   }
   frmFaceEntry::ShowModal(owner);
   mainWindow().SetMousePointer(kNormalPointer);

@@ -20,6 +20,7 @@
 #include "shell/graph_menu.h"
 #include "shell/measurement_grid.h"
 #include "shell/menu_table.h"
+#include "shell/stack_box.h"
 
 namespace halvorne {
 
@@ -102,10 +103,13 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void MakeToolbar();
   void MakeGraphControls();
   void MakeMeasurements();
+  void MakeStack();
   void ConnectControls();
   /// Keeps the window from becoming smaller than half the screen or than its contents.
   void LimitSize();
   void PlaceControls(const QRect& picture, int scrollTop, int titleTop);
+  /// Shows the stack below the measurements while a design is open and there is room for it.
+  void PlaceStack();
   int CursorButtonWidth() const;
 
   /// Gives a control its name and makes it known to SetEnabled.
@@ -139,6 +143,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void PrintReport(const char* procedure);
   void Picture1_DblClick();
   void Picture2_Click();
+  void picStack_DblClick(const StackPart& part);
   void fraAtten_DblClick(const std::string& control);
   void txtEdit_LostFocus();
   /// Takes a title that is being typed: a key or a tool button starts a command with the focus
@@ -173,6 +178,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   MeasurementGrid *FlexgrdCFBW = nullptr, *FlexgrdPulseWidth = nullptr;
   QLabel* lblPkAmpl = nullptr;
   std::array<QLabel*, 4> attenuation_{};
+  StackBox* picStack = nullptr;
 };
 
 }  // namespace halvorne

@@ -297,6 +297,7 @@ void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int tit
   const int columnLeft = right + kColumnGap;
   measurements_->setGeometry(columnLeft, kFormRowTop, width() - columnLeft - kColumnGap,
                              centralWidget()->height() - kFormRowTop - kMargin);
+  PlaceStack();
 }
 
 frmHalvorneMain::frmHalvorneMain() {
@@ -308,6 +309,7 @@ frmHalvorneMain::frmHalvorneMain() {
   MakeToolbar();
   MakeGraphControls();
   MakeMeasurements();
+  MakeStack();
   MakeGraphMenu();
   ConnectControls();
   SetMainWindow(this);

@@ -99,6 +99,8 @@ void frmHalvorneMain::SetCaption(const std::string& caption) {
 
 void frmHalvorneMain::EnableItems(bool open) {
   halvorne::EnableItems(open);
+  PlaceStack();
+  picStack->Follow();
 }
 
 void frmHalvorneMain::RefreshWindow() {
@@ -152,6 +154,7 @@ void frmHalvorneMain::DescribeGraph(const std::string& description) {
   Picture->setAccessibleDescription(ToQString(description));
   // Who moves the cursor has the focus on its bar.
   HScroll1->setAccessibleDescription(ToQString(measured.ReadOut));
+  picStack->Follow();
 }
 
 void frmHalvorneMain::SetPeakLabel(const std::string& caption) {
