@@ -68,6 +68,7 @@ class Pictures {
     Open("burst_3mhz_dispersive");
     TakePlots();
     TakeWindows();
+    TakeStack();
     TakeTutorial();
     SetMessages(nullptr);
     return !boxes.failed && saved_;
@@ -143,6 +144,15 @@ class Pictures {
         command->trigger();
       }
     }
+  }
+
+  void TakeStack() {
+    const QSize size = window_->size();
+    window_->resize(size.width(), 860);  // with room for it
+    QApplication::processEvents();
+    Save(window_->findChild<QWidget*>(QStringLiteral("picStack"))->grab(),
+         QStringLiteral("picStack"));
+    window_->resize(size);
   }
 
   void TakeTutorialStep(const char* step) {
