@@ -13,9 +13,12 @@ namespace {
 
 constexpr Bounded<float, 0, 6> kMantissas{{1, 1.5F, 2, 3, 5, 7.5F, 10}};
 
-void FindExtremes(std::int32_t first, std::int32_t last, const TimePoints& array) {
-  scale.LeftMax = scale.RightMax = -1e30F;
-  scale.LeftMin = scale.RightMin = 1e30F;
+void FindExtremes(std::int32_t first, std::int32_t last, const TimePoints& array,
+                  const AxisExtremes& others) {
+  scale.LeftMax = others.LeftMax;
+  scale.LeftMin = others.LeftMin;
+  scale.RightMax = others.RightMax;
+  scale.RightMin = others.RightMin;
   for (std::int32_t i = first; i <= last; ++i) {
     const float left = ToSingle(array(i).Y1);
     const float right = ToSingle(array(i).Y2);
@@ -120,16 +123,18 @@ void AdjustMag(float& max, float& min, float& magnitude) try {
   ReportFailure("AdjustMag", "PLOTIT");
 }
 
-void AutoRange(std::int32_t first, std::int32_t last, const TimePoints& array) try {
-  FindExtremes(first, last, array);
+void AutoRange(std::int32_t first, std::int32_t last, const TimePoints& array,
+               const AxisExtremes& others) try {
+  FindExtremes(first, last, array, others);
   RoundLinearAxis(scale.LeftMax, scale.LeftMin, scale.LeftMag);
   RoundLinearAxis(scale.RightMax, scale.RightMin, scale.RightMag);
 } catch (...) {
   ReportFailure("AutoRange", "PLOTIT");
 }
 
-void LogAutoRange(std::int32_t first, std::int32_t last, const TimePoints& array) try {
-  FindExtremes(first, last, array);
+void LogAutoRange(std::int32_t first, std::int32_t last, const TimePoints& array,
+                  const AxisExtremes& others) try {
+  FindExtremes(first, last, array, others);
   RoundLogAxis(scale.LeftMax, scale.LeftMin, scale.LeftMag);
   RoundLogAxis(scale.RightMax, scale.RightMin, scale.RightMag);
 } catch (...) {

@@ -9,14 +9,23 @@
 
 namespace halvorne {
 
+/// Extremes that an axis is to hold beside those of its data; by default none.
+struct AxisExtremes {
+  float LeftMax = -1e30F, LeftMin = 1e30F;
+  float RightMax = -1e30F, RightMin = 1e30F;
+};
+
 /// Linear scale for both channels: ends of round mantissas, divisors that are powers of 1000.
 ///
 /// Sets LeftMax, LeftMin, LeftMag and the right three from the 32-bit values of the points.
 /// @param first, last  points of `array`, 0 to kLastTimePoint; outside it subscript failure 9
-void AutoRange(std::int32_t first, std::int32_t last, const TimePoints& array);
+/// @param others       what the axes are to hold too
+void AutoRange(std::int32_t first, std::int32_t last, const TimePoints& array,
+               const AxisExtremes& others = {});
 
 /// Scale in steps of 5 dB for both channels, divisors 1; arguments and effects as AutoRange.
-void LogAutoRange(std::int32_t first, std::int32_t last, const TimePoints& array);
+void LogAutoRange(std::int32_t first, std::int32_t last, const TimePoints& array,
+                  const AxisExtremes& others = {});
 
 /// Next value of mantissa 1, 1.5, 2, 3, 5 or 7.5 outward from x.
 /// @param x   a zero is taken, and written back, as 1e-30

@@ -8,6 +8,7 @@
 #include "platform/numbers.h"
 #include "plot/axis_end_rounding.h"
 #include "plot/catalogue.h"
+#include "plot/held_curves.h"
 
 namespace halvorne {
 namespace {
@@ -32,12 +33,13 @@ void AutoScaleFrequency(const TimePoints& array) {
   low = std::max(low, scale.FirstPlotPt);
   high = std::min(high, scale.LastPlotPt);
 
-  AutoRange(low, high, array);
+  const AxisExtremes held = HeldExtremes(low, high, array);
+  AutoRange(low, high, array, held);
   if (plot.AmplLog) {
     const float max = scale.RightMax;
     const float min = scale.RightMin;
     const float magnitude = scale.RightMag;
-    LogAutoRange(low, high, array);
+    LogAutoRange(low, high, array, held);
     scale.RightMax = max;
     scale.RightMin = min;
     scale.RightMag = magnitude;
@@ -47,13 +49,14 @@ void AutoScaleFrequency(const TimePoints& array) {
 void AutoScaleTime(const TimePoints& array) {
   float spectrumTop = 0;
   if (plot.SpectrumShown) {
-    LogAutoRange(0, design.NoFreqPts, array);
+    LogAutoRange(0, design.NoFreqPts, array, HeldSpectrumExtremes(array));
     spectrumTop = scale.RightMax;
   }
+  const AxisExtremes held = HeldExtremes(scale.FirstPlotPt, scale.LastPlotPt, array);
   if (plot.AmplLog) {
-    LogAutoRange(scale.FirstPlotPt, scale.LastPlotPt, array);
+    LogAutoRange(scale.FirstPlotPt, scale.LastPlotPt, array, held);
   } else {
-    AutoRange(scale.FirstPlotPt, scale.LastPlotPt, array);
+    AutoRange(scale.FirstPlotPt, scale.LastPlotPt, array, held);
   }
   if (plot.SpectrumShown) {
     scale.RightMax = spectrumTop;

@@ -1,5 +1,8 @@
 #include "plot/graph.h"
 
+#include <optional>
+#include <utility>
+
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/numbers.h"
@@ -7,6 +10,8 @@
 #include "plot/axis_scaling.h"
 #include "plot/cursor.h"
 #include "plot/graph_description.h"
+#include "plot/held_designs.h"
+#include "plot/held_drawing.h"
 #include "plot/measures.h"
 #include "plot/trace.h"
 #include "plot/trace_colours.h"
@@ -112,6 +117,31 @@ void DrawSecondTrace(Surface& surface, std::int32_t first, std::int32_t last,
   surface.SetForeColor(kBlack);
 }
 
+/// The report tells of one design, so on paper the scale looks at no other. The scale of the main
+/// picture, which its cursor reads, comes back behind it.
+class ScaleOfPaper {
+ public:
+  explicit ScaleOfPaper(const Surface& surface)
+      : all_(std::exchange(comparison.ScaleToAll,
+                           comparison.ScaleToAll && surface.Kind() == SurfaceKind::kMainPicture)) {
+    if (all_ && !comparison.ScaleToAll) {
+      shown_ = scale;
+    }
+  }
+  ~ScaleOfPaper() {
+    if (shown_) {
+      scale = *shown_;
+    }
+    comparison.ScaleToAll = all_;
+  }
+  ScaleOfPaper(const ScaleOfPaper&) = delete;
+  ScaleOfPaper& operator=(const ScaleOfPaper&) = delete;
+
+ private:
+  bool all_;
+  std::optional<PlotScale> shown_;
+};
+
 /// The graphs of the plot on show, each in its pane.
 void DrawPanes(Surface& surface) {
   if (!IsExcitationPlot(view.CurrentPlot)) {
@@ -142,6 +172,7 @@ void PlotGraphOn(Surface& surface) try {
   if (surface.Kind() != SurfaceKind::kPrinter) {
     surface.Cls();
   }
+  const ScaleOfPaper onPaper(surface);
   DrawPanes(surface);
   if (onMainPicture) {
     mainWindow().DescribeGraph(GraphDescription());
@@ -187,6 +218,7 @@ void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int1
   }
   AxisDrawOn(surface);
   ScaleAndLabel(surface, pane, array);
+  DrawHeldDesigns(surface, first, last, pane, array);
   surface.SetDrawWidth(1);
   surface.SetForeColor(kFirstTraceColour);
   DrawFirstTrace(surface, first, last, array);

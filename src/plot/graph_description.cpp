@@ -1,5 +1,6 @@
 #include "plot/graph_description.h"
 
+#include "plot/held_legend.h"
 #include "plot/plot_state.h"
 
 namespace halvorne {
@@ -31,7 +32,7 @@ std::string GraphDescription() {
   if (!measured.ReadOut.empty()) {
     words += " Cursor " + measured.ReadOut + ".";
   }
-  return words;
+  return words + LegendSentence();
 }
 
 }  // namespace halvorne

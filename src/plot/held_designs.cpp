@@ -6,6 +6,9 @@
 #include "persistence/file_names.h"
 
 namespace halvorne {
+
+Comparison comparison;
+
 namespace {
 
 std::array<std::unique_ptr<HeldDesign>, kHeldSlots> slots;
@@ -59,7 +62,7 @@ void DropAll() {
   }
 }
 
-const HeldDesign* Held(int slot) {
+HeldDesign* Held(int slot) {
   return slot >= 0 && slot < kHeldSlots ? slots[static_cast<std::size_t>(slot)].get() : nullptr;
 }
 

@@ -18,12 +18,22 @@ inline constexpr int kMostHeld = 6;
 inline constexpr int kReferenceSlot = 6;
 inline constexpr int kHeldSlots = 7;
 
+struct HeldCurves;
+
 struct HeldDesign {
   int slot = 0;
   std::string label;  ///< how it is called on graphs and in menus
   std::unique_ptr<DesignSnapshot> snapshot;
-  bool aliasingAccepted = false;  ///< its undersampled waveform was on show when it was held
+  bool aliasingAccepted = false;       ///< its undersampled waveform was on show when it was held
+  std::shared_ptr<HeldCurves> curves;  ///< of the plot they were made for last; null before
 };
+
+/// How the held designs are compared with the present one.
+struct Comparison {
+  bool ScaleToAll = false;  ///< the automatic amplitude scale looks at the held curves too
+};
+
+extern Comparison comparison;
 
 /// Holds the present design with its curves in the first free slot and returns that slot. With all
 /// slots of the user taken nothing is held: -1.
@@ -40,7 +50,7 @@ void Drop(int slot);
 void DropAll();
 
 /// The design in a slot, null where there is none.
-const HeldDesign* Held(int slot);
+HeldDesign* Held(int slot);
 
 /// The slots that hold a design, in order.
 std::vector<int> HeldSlots();

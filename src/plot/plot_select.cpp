@@ -141,6 +141,13 @@ void KeepPlotOnShow(std::int16_t refused) {
   }
 }
 
+/// While the question about a waveform stands, the plot on show is the one before it.
+void DrawPlotOnShow(Surface& surface) {
+  const std::int16_t chosen = std::exchange(view.CurrentPlot, setup.PreviousPlot);
+  PlotGraphOn(surface);
+  view.CurrentPlot = chosen;
+}
+
 /// Another form of an outdated waveform needs the present one.
 void ChooseFormAnew(int index) {
   const int onShow = setup.LastPlotListIndex;
@@ -196,12 +203,28 @@ void PlotRedraw() try {
     DrawEmptyAxes();
     return;
   }
-  // While the question about a waveform stands, the plot on show is the one before it.
-  const std::int16_t chosen = std::exchange(view.CurrentPlot, setup.PreviousPlot);
-  PlotGraphOn(window.Picture1());
-  view.CurrentPlot = chosen;
+  DrawPlotOnShow(window.Picture1());
 } catch (...) {
   ReportFailure("PlotRedraw", "PLOTIT");
+}
+
+void PlotRepaint() try {
+  MainWindow& window = mainWindow();
+  if (!plot.DesignOpen || window.PlotTypeIndex() < 0) {
+    return;  // nothing is on show
+  }
+  const bool cursorOn = measured.CursorOn;
+  const std::int32_t point = window.CursorValue();
+  if (cursorOn) {
+    Cursor1_Click();
+  }
+  DrawPlotOnShow(window.Picture1());
+  if (cursorOn) {
+    Cursor1_Click();
+    window.SetCursorValue(point);
+  }
+} catch (...) {
+  ReportFailure("PlotRepaint", "PLOTIT");
 }
 
 void PlotType_Click() try {

@@ -13,6 +13,10 @@ void PlotSelect(std::int16_t plotNumber);
 /// waveform is not made anew, so that nothing is asked.
 void PlotRedraw();
 
+/// Draws the plot on show once more from the values that it has, as when something beside its own
+/// curves has changed; the cursor comes back to its point.
+void PlotRepaint();
+
 /// The selection event of PlotType: remembers the form, writes the setup file, converts and draws.
 /// Another form of an outdated waveform selects the plot again.
 void PlotType_Click();

@@ -22,6 +22,7 @@ void ResetProgram() {
   Reset(plot);
   Reset(scale);
   Reset(measured);
+  Reset(comparison);
   for (int slot = 0; slot < kHeldSlots; ++slot) {
     Drop(slot);
   }

@@ -1,0 +1,29 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "platform/surface.h"
+
+namespace halvorne {
+
+/// An entry of the legend.
+struct LegendEntry {
+  Colour colour;
+  std::string text;
+};
+
+/// The present design, then the held ones; what hinders a held design from being drawn stands
+/// behind its name.
+std::vector<LegendEntry> Legend();
+
+/// Writes the legend below the box of a graph and below the line of the cursor's read-out, in as
+/// few columns as it fits in. Texts that are too long are cut off and end in "...".
+/// @param pane  1 or 4, whose room below the box differs
+void DrawLegend(Surface& surface, std::int16_t pane);
+
+/// The legend in a sentence for those who can't see it; empty while no design is held.
+std::string LegendSentence();
+
+}  // namespace halvorne
