@@ -334,6 +334,18 @@ TEST_F(Format3, WhatFollowsTheDigit3DoesNotMatter) {
   ExpectRead();
 }
 
+TEST_F(Format3, ALoadThatWasReadHasNoFileEvenWhenTheRestIsMissing) {
+  design.ZFrontFile = design.ZBackFile = "old.lac";
+  design.ZFrontComment = design.ZBackComment = "old";
+  const std::string text = InFormat3(simple, "\"version 3\"\r\n\"date\",\"title\"\r\n");
+  ReadDesignFile(Put("cut.dat", text.substr(0, text.find("\"[ Back load ]\""))));
+  ExpectOpenFailure(shownMessages);
+  EXPECT_EQ(design.ZFrontFile, "blank");
+  EXPECT_EQ(design.ZFrontComment, "none");
+  EXPECT_EQ(design.ZBackFile, "old.lac");
+  EXPECT_EQ(design.ZBackComment, "old");
+}
+
 TEST_F(DesignFileReader, AFormatBetween3And4HasNoDispersion) {
   Replace("\r\n4\r\n", "\r\n3.5\r\n");
   const std::size_t names = simple.find("\"Velocity dispersion file names\"");

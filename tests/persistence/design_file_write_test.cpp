@@ -419,6 +419,19 @@ TEST_F(DesignFileWriter, TheOldFileIsKeptWhenACurveHasAGap) {
   EXPECT_EQ(Get("out.dat~"), "precious") << "the new file cannot be read";
 }
 
+TEST_F(DesignFileWriter, TheTextOfTheDesignIsThatOfTheFile) {
+  WriteDesignFile(Path("out.dat"));
+  EXPECT_EQ(DesignFileText(), Get("out.dat"));
+  EXPECT_EQ(shownMessages.Lines(), Lines{});
+}
+
+TEST_F(DesignFileWriter, ATextThatFailsIsToldAndHasWhatWasWritten) {
+  design.NoFace = 11;
+  const std::string text = DesignFileText();
+  ExpectSaveFailure(shownMessages);
+  EXPECT_TRUE(text.ends_with("\"[ Face layer 11 ]\"\r\n")) << text;
+}
+
 TEST_F(DesignFileWriter, TheOldFileGoesWhenTheNewOneIsWhole) {
   Put("out.dat", "old");
   shownMessages.AnswerNext(MessageAnswer::kYes);

@@ -3,6 +3,7 @@
 #include <vector>
 
 #include "persistence/file_fixture.h"
+#include "persistence/refused_calls.h"
 
 namespace halvorne::testing {
 namespace {
@@ -117,6 +118,37 @@ TEST_F(SafeOverwrite, WhereNothingCanBeKeptBesideAFailureBringsTheOldBytesBack) 
   EXPECT_EQ(Names(), Lines{longest});
 }
 
+TEST_F(SafeOverwrite, WhereTheNewFileCannotBeMadeTheOldOneComesBackToItsName) {
+  Put("a.dat", "old");
+  Put("a.dat~", "an editor's");
+  {
+    const NoNewFiles full;
+    const KeptOriginal original(Path("a.dat"));
+    EXPECT_EQ(Get("a.dat"), "old");
+    EXPECT_EQ(Get("a.dat~"), "an editor's");
+    EXPECT_EQ(Names(), (Lines{"a.dat", "a.dat~"}));
+    Put("a.dat", "half");
+  }
+  EXPECT_EQ(Get("a.dat"), "old");
+  EXPECT_EQ(Get("a.dat~"), "an editor's");
+  EXPECT_EQ(Names(), (Lines{"a.dat", "a.dat~"}));
+}
+
+std::size_t OpenFiles() {
+  return static_cast<std::size_t>(
+      std::distance(fs::directory_iterator("/proc/self/fd"), fs::directory_iterator()));
+}
+
+TEST_F(SafeOverwrite, NoFileStaysOpen) {
+  Put("a.dat", "old");
+  const std::size_t before = OpenFiles();
+  Overwrite("a.dat", "half", kFails);
+  Overwrite("a.dat", "new", kFinishes);
+  { const Successor successor(Path("a.dat")); }
+  { const Successor successor(Path("b.dat")); }
+  EXPECT_EQ(OpenFiles(), before);
+}
+
 TEST_F(SafeOverwrite, AProtectedFileIsNotReplaced) {
   Put("a.dat", "old");
   fs::permissions(Path("a.dat"), fs::perms::owner_read | fs::perms::others_read);
@@ -158,6 +190,14 @@ TEST_F(SafeOverwrite, ASuccessorNeedsNoRoomForItsOwnName) {
   successor.TakePlace();
   EXPECT_EQ(Get(longest), "new");
   EXPECT_EQ(Successor("/dev/null").Name(), "/dev/null");
+}
+
+TEST_F(SafeOverwrite, ASuccessorNeedsNoRoomForAnotherFile) {
+  Put("a", "old");
+  const NoNewFiles full;
+  const Successor successor(Path("a"));
+  EXPECT_EQ(successor.Name(), Path("a"));
+  EXPECT_EQ(Get("a"), "old");
 }
 
 }  // namespace

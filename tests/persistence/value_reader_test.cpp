@@ -97,12 +97,22 @@ TEST_F(ValueReaderTest, NumbersBeyondTheRangeOverflowAndTinyOnesAreZero) {
     EXPECT_EQ(FailureOfOne<double>(text), 6) << text;
   }
   EXPECT_EQ(FailureOfOne<double>(std::string(400, '9')), 6);
+  EXPECT_EQ(FailureOfOne<double>(std::string(400, '9') + "E-001"), 6);
   for (const char* text :
        {"1E-999", "-1E-999", "1E-99999999999999999999", "0.0001E-322", "100E-340"}) {
     EXPECT_EQ(One<double>(text), 0) << text;
   }
   EXPECT_EQ(One<double>("0." + std::string(400, '0') + "1"), 0);
+  EXPECT_EQ(One<double>("0." + std::string(400, '0') + "1E+001"), 0);
   EXPECT_EQ(FailureOfOne<float>("1E39"), 6);
+}
+
+TEST_F(ValueReaderTest, DigitsAndExponentTogetherTellWhetherANumberIsBeyondTheRange) {
+  const std::string zeros(330, '0');
+  EXPECT_EQ(FailureOfOne<double>("0." + zeros + "1E640"), 6) << "10 to the 309";
+  EXPECT_EQ(One<double>("1" + zeros + "E-660"), 0) << "10 to the -330";
+  EXPECT_DOUBLE_EQ(One<double>("0." + zeros + "1E632"), 1e301);
+  EXPECT_DOUBLE_EQ(One<double>("1" + zeros + "E-630"), 1e-300);
 }
 
 TEST_F(ValueReaderTest, IntegersRoundHalfToEvenAndKeepTheirRange) {

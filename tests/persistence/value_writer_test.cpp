@@ -1,9 +1,11 @@
 #include "persistence/value_writer.h"
 
+#include <cerrno>
 #include <limits>
 #include <sys/stat.h>
 
 #include "persistence/file_fixture.h"
+#include "persistence/refused_calls.h"
 
 namespace halvorne::testing {
 namespace {
@@ -122,6 +124,21 @@ TEST_F(ValueWriterTest, AShortFileOnAFullDiskIsToldToo) {
   ValueWriter file(Path("out"));
   file.Line(1.0);
   const FullDisk full(0);
+  EXPECT_EQ(FailureOf([&] { file.Close(); }), 75);
+}
+
+TEST_F(ValueWriterTest, WhatIsRefusedOnlyAtTheCloseIsToldToo) {
+  ValueWriter file(Path("out"));
+  file.Line(1.0);
+  const FailingCloses failing(EIO);
+  EXPECT_EQ(FailureOf([&] { file.Close(); }), 75);
+}
+
+TEST_F(ValueWriterTest, OfTwoRefusalsTheFirstIsTold) {
+  ValueWriter file(Path("out"));
+  file.Line(1.0);
+  const FullDisk full(0);
+  const FailingCloses failing(EACCES);  // by itself 70
   EXPECT_EQ(FailureOf([&] { file.Close(); }), 75);
 }
 

@@ -58,6 +58,17 @@ TEST_F(ProgramPaths, PreferTheSpellingThatIsThere) {
 
 TEST_F(ProgramPaths, OfNothingAreTheFolderItself) {
   EXPECT_EQ(ProgramPath(""), folder_);
+  EXPECT_EQ(ProgramPath("\\"), folder_) << "and not what is below it without a name";
+}
+
+TEST_F(ProgramPaths, LeaveOutElementsWithoutAName) {
+  EXPECT_EQ(ProgramPath("\\ACOUSTIC LOADS\\"), folder_ / "Acoustic loads");
+  EXPECT_EQ(ProgramPath("\\\\acoustic loads\\\\water.lac"),
+            folder_ / "Acoustic loads" / "Water.LAC");
+}
+
+TEST_F(ProgramPaths, HaveElementsOfOneLetter) {
+  EXPECT_EQ(ProgramPath("\\d\\x"), folder_ / "d" / "x");
 }
 
 }  // namespace

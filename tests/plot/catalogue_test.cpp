@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <gmock/gmock.h>
 
+#include "platform/failure.h"
+#include "plot/headless_window.h"
 #include "plot/plot_state.h"
 #include "support/fresh_program.h"
 
@@ -117,6 +119,16 @@ TEST_F(CatalogueTest, AnyOtherListIsEmpty) {
     LoadedForms(2);
     EXPECT_THAT(LoadedForms(list), IsEmpty()) << list;
   }
+}
+
+TEST_F(CatalogueTest, AListThatTakesNoFormIsTold) {
+  class FullList : public HeadlessWindow {
+    void AddPlotType(const std::string& /*text*/) override { RaiseOverflow(); }
+  } full;
+  SetMainWindow(&full);
+  PlotTypeLoad(2);
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in PlotTypeLoad of PLOTIT|Error: 6. Overflow"});
 }
 
 TEST_F(CatalogueTest, LoadingAListClearsTheSelection) {

@@ -121,6 +121,15 @@ TEST_F(ReportPage, ANewPageBeginsWhereFewerLinesAreLeftThanTwoMoreThanAsked) {
   EXPECT_EQ(paper.Operations()[0].kind, Kind::kNewPage) << "a little less than five lines are four";
 }
 
+TEST_F(ReportPage, ALineWithoutHeightIsToldAndNoPageBegins) {
+  BeginPage();
+  report.ReportLineHeight = 0;
+  paper.Forget();
+  YCheck(paper, 1);
+  EXPECT_EQ(shownMessages.Lines(), Texts{"ERROR in YCheck of PRINTIT|Error: 11. Division by zero"});
+  EXPECT_TRUE(paper.Operations().empty());
+}
+
 TEST_F(ReportPage, ThePreviewNeverBreaks) {
   HeadlessSurface preview(SurfaceKind::kPreview);
   preview.Scale(-0.25, 10.44, 10.25, -0.44);

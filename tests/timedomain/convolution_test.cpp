@@ -184,10 +184,17 @@ TEST_F(Convolution, FailsForABandAboveTheLastIndexFromItsStart) {
   for (double& sample : wave.ResponseRe) {
     sample = 3;
   }
+  for (TimeCurve* spectrum : {&wave.ImpulseSpec, &wave.ExciteSpec, &wave.ResponseSpec}) {
+    (*spectrum)(0) = (*spectrum)(kIntervals) = 777;
+  }
   Convolve();
   EXPECT_EQ(shownMessages.Lines(),
             std::vector<std::string>{"ERROR in Convolve of FFT|Error: 9. Subscript out of range"});
   EXPECT_EQ(wave.ResponseRe(65535), 0);
+  for (const TimeCurve* spectrum : {&wave.ImpulseSpec, &wave.ExciteSpec, &wave.ResponseSpec}) {
+    EXPECT_EQ((*spectrum)(0), 0) << "cleared and never reached";
+    EXPECT_EQ((*spectrum)(kIntervals), 0);
+  }
 }
 
 TEST_F(Convolution, FailsWithoutASampleRate) {

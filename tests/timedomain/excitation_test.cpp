@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "engine/design_model.h"
+#include "platform/headless_surface.h"
 #include "support/fresh_program.h"
 #include "timedomain/view.h"
 
@@ -163,6 +164,40 @@ TEST_F(Excitation, FailsForADelayBeforeTheFirstSample) {
   CalcExciteWfm();
   EXPECT_EQ(shownMessages.Lines(),
             Lines{"ERROR in CalcExciteWfm of frmExcite|Error: 9. Subscript out of range"});
+}
+
+// Kept: the working waveform itself becomes the normalised one.
+TEST_F(Excitation, IsNormalisedToItsLargestMagnitude) {
+  draft.TmpExcitePoints = 3;
+  draft.TmpExciteWfm(0) = 1;
+  draft.TmpExciteWfm(2) = -4;
+  draft.TmpExciteWfm(3) = 2;
+  draft.TmpExciteWfm(4) = 100;
+  NormaliseExcite();
+  EXPECT_EQ(draft.TmpExcitePoints, 3);
+  EXPECT_EQ(draft.TmpExciteWfm(0), 0.25);
+  EXPECT_EQ(draft.TmpExciteWfm(2), -1);
+  EXPECT_EQ(draft.TmpExciteWfm(3), 0.5);
+  EXPECT_EQ(draft.TmpExciteWfm(4), 100) << "samples behind the points stay";
+}
+
+TEST_F(Excitation, WithoutPointsHasOneToShow) {
+  draft.TmpExcitePoints = 0;
+  draft.TmpExciteWfm(1) = -2;
+  HeadlessSurface picture;
+  PreviewExcite(picture);
+  EXPECT_EQ(draft.TmpExcitePoints, 1);
+  const DrawnOperation& trace = picture.Operations().back();
+  ASSERT_EQ(trace.points.size(), 2U);
+  EXPECT_EQ(trace.points[0].y, 0);
+  EXPECT_EQ(trace.points[1].x, 1);
+  EXPECT_EQ(trace.points[1].y, -1);
+}
+
+TEST_F(Excitation, OfZerosStaysZero) {
+  NormaliseExcite();
+  EXPECT_EQ(draft.TmpExciteWfm(0), 0);
+  EXPECT_EQ(draft.TmpExcitePoints, 20);
 }
 
 class ExcitationCopy : public FreshProgram {
