@@ -27,7 +27,7 @@ struct DrawnOperation {
 ///
 /// Its characters, each byte one, are all 0.6 of the font size wide and 1.2 of it high, at 96 dots
 /// an inch. A text of several lines is one operation.
-class HeadlessSurface final : public Surface {
+class HeadlessSurface : public Surface {
  public:
   explicit HeadlessSurface(SurfaceKind kind = SurfaceKind::kMainPicture, double widthPixels = 800,
                            double heightPixels = 600)

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/failure.h"
+#include "platform/vector_registers.h"
 #include "plot/plot_state.h"
 #include "report/report_layout.h"
 #include "report/report_words.h"
@@ -175,6 +176,7 @@ void LoadPlateTabs() {
 }  // namespace
 
 void PrintParasOn(Surface& target) try {
+  CleanVectorRegisters();
   LoadTabs({0, 0.15F, 4.0F});
   PrintHeadLines(target);
   PrintStatistics(target);

@@ -97,6 +97,7 @@ void NormaliseExcite() {
 }
 
 void PreviewExcite(Surface& picture) try {
+  CleanVectorRegisters();
   NormaliseExcite();
   picture.Cls();
   if (draft.TmpExcitePoints < 0) {

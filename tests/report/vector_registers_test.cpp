@@ -10,8 +10,10 @@
 #include "persistence/value_reader.h"
 #include "persistence/value_writer.h"
 #include "platform/headless_surface.h"
+#include "plot/graph.h"
 #include "plot/plot_select.h"
 #include "plot/trace.h"
+#include "report/report_content.h"
 #include "report/text_exports.h"
 #include "support/fresh_program.h"
 #include "support/upper_halves.h"
@@ -19,6 +21,7 @@
 #include "timedomain/plot_points.h"
 #include "timedomain/responses.h"
 #include "timedomain/transform.h"
+#include "timedomain/view.h"
 #include "timedomain/wave_state.h"
 
 // Work that begins right behind the toolkit's painting runs at full speed: it finds the upper
@@ -36,7 +39,7 @@ void PrintTo(const Work& work, std::ostream* out) {
   *out << work.name;
 }
 
-class VectorRegisters : public FreshProgram, public ::testing::WithParamInterface<Work> {
+class VectorRegisters : public FreshProgram {
  protected:
   VectorRegisters() {
     if (HasUpperHalves()) {
@@ -61,13 +64,43 @@ TEST(UpperHalves, AreClearedWithoutTouchingTheLowerOnes) {
   EXPECT_EQ(before, kept);
 }
 
-TEST_P(VectorRegisters, AreCleanBehindWorkOnNumbers) {
+class WorkOnNumbers : public VectorRegisters, public ::testing::WithParamInterface<Work> {};
+
+TEST_P(WorkOnNumbers, LeavesTheRegistersClean) {
   if (!HasUpperHalves()) {
     GTEST_SKIP() << "the processor has no upper halves";
   }
   FillUpperHalves();
   GetParam().run();
   EXPECT_TRUE(AreUpperHalvesClean());
+}
+
+/// Leaves the upper halves filled behind each trace, as the toolkit's painting does, and counts the
+/// panes that begin with clean ones.
+class PaintedPanes : public HeadlessSurface {
+ public:
+  void Scale(double x1, double y1, double x2, double y2) override {
+    clean += AreUpperHalvesClean() ? 1 : 0;
+    HeadlessSurface::Scale(x1, y1, x2, y2);
+  }
+  void Polyline(std::span<const Point> points) override {
+    HeadlessSurface::Polyline(points);
+    FillUpperHalves();
+  }
+  int clean = 0;
+};
+
+TEST_F(VectorRegisters, AreCleanWhereAnyPaneOfAGraphBegins) {
+  if (!HasUpperHalves()) {
+    GTEST_SKIP() << "the processor has no upper halves";
+  }
+  design.ExciteType = 1;
+  view.CurrentPlot = 17;
+  PlotSelect(17);
+  PaintedPanes surface;
+  FillUpperHalves();
+  PlotGraphOn(surface);
+  EXPECT_EQ(surface.clean, 3);
 }
 
 std::string ScratchFile() {
@@ -96,12 +129,23 @@ void DrawATrace() {
                       .max = 1});
 }
 
+void PreviewABurst() {
+  HeadlessSurface surface;
+  PreviewExcite(surface);
+}
+
+void PrintTheInputs() {
+  HeadlessSurface surface(SurfaceKind::kPreview);
+  PrintParasOn(surface);
+}
+
 INSTANTIATE_TEST_SUITE_P(
-    Work, VectorRegisters,
+    Work, WorkOnNumbers,
     ::testing::Values(Work{"PrelimCalc", PrelimCalc}, Work{"MainCalc", MainCalc},
                       Work{"FFTSolve", [] { FFTSolve(wave.ImpulseRe, wave.ImpulseIm, 2, 0); }},
                       Work{"Waveform", Waveform}, Work{"Convolve", Convolve},
-                      Work{"CalcExciteWfm", CalcExciteWfm},
+                      Work{"CalcExciteWfm", CalcExciteWfm}, Work{"PreviewExcite", PreviewABurst},
+                      Work{"PrintParasOn", PrintTheInputs},
                       Work{"PlotSelect", [] { PlotSelect(11); }},
                       Work{"PlotConvertDataType", [] { PlotConvertDataType(11); }},
                       Work{"DrawTrace", DrawATrace},
