@@ -6,23 +6,19 @@
 #include <fstream>
 #include <iterator>
 #include <map>
-#include <memory>
 #include <random>
 #include <system_error>
 
 #include "persistence/file_failure.h"
+#include "persistence/regular_file.h"
 
 namespace halvorne {
 namespace {
 
 namespace fs = std::filesystem;
 
-struct FileCloser {
-  void operator()(std::FILE* file) const { std::fclose(file); }
-};
-
 bool CanOpen(const std::string& name, const char* mode) {
-  return std::unique_ptr<std::FILE, FileCloser>(std::fopen(name.c_str(), mode)) != nullptr;
+  return FileHandle(std::fopen(name.c_str(), mode)) != nullptr;
 }
 
 bool IsThere(const std::string& name) {
