@@ -4,8 +4,8 @@
 #include <string>
 
 #include "dialogs/dialog_driver.h"
+#include "dialogs/enter_layers.h"
 #include "dialogs/entry_state.h"
-#include "dialogs/input_commands.h"
 #include "engine/design_model.h"
 #include "persistence/file_fixture.h"
 #include "platform/numbers.h"

@@ -5,8 +5,8 @@
 #include <functional>
 
 #include "dialogs/dialog_driver.h"
+#include "dialogs/enter_layers.h"
 #include "dialogs/entry_state.h"
-#include "dialogs/input_commands.h"
 #include "dialogs/plate_side.h"
 #include "platform/numbers.h"
 #include "shell/dark_palette.h"

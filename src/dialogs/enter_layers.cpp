@@ -1,4 +1,4 @@
-#include "dialogs/input_commands.h"
+#include "dialogs/enter_layers.h"
 
 #include "dialogs/entry_state.h"
 #include "dialogs/frm_face_entry.h"
