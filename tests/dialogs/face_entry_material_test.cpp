@@ -72,18 +72,12 @@ class PlateBounds : public PlateMaterialPage, public ::testing::WithParamInterfa
 
 TEST_P(PlateBounds, ReplaceWhatLiesOutsideAtOnce) {
   OnPage([](const DialogDriver& driver) {
-    const auto& [box, typed, shown, stored] = GetParam();
-    driver.Type(box, typed);
-    EXPECT_EQ(driver.Text(box), shown);
-    const AcousticMaterial& matl = draft.TmpAcMatl(1);
-    const std::string name = box;
-    const double value = name == "txtAcLongVel"    ? matl.Velocity
-                         : name == "txtAcShearVel" ? matl.ShearVelocity
-                         : name == "txtAcDensity"  ? matl.Density
-                         : name == "txtAcLoss"     ? static_cast<double>(matl.Loss)
-                         : name == "txtAcLossFreq" ? static_cast<double>(matl.LossFreq)
-                                                   : static_cast<double>(matl.LossExp);
-    EXPECT_EQ(value, stored);
+    ExpectTyped(driver, GetParam(), [] {
+      const AcousticMaterial& matl = draft.TmpAcMatl(1);
+      return FieldsByBox{{"txtAcLongVel", matl.Velocity},  {"txtAcShearVel", matl.ShearVelocity},
+                         {"txtAcDensity", matl.Density},   {"txtAcLoss", matl.Loss},
+                         {"txtAcLossFreq", matl.LossFreq}, {"txtAcLossExp", matl.LossExp}};
+    });
   });
 }
 

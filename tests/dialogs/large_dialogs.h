@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <map>
 #include <string>
 
 #include "dialogs/dialog_driver.h"
@@ -55,12 +56,23 @@ class LargeDialogTest : public FileTest {
   ModalScript script;
 };
 
-/// A number box and what becomes of a text that is typed into it.
+/// A number box of a Material page and what becomes of a text that is typed into it.
 struct TypedNumber {
   const char* box;
   const char* typed;
   const char* shown;
   double stored;
 };
+
+/// The fields of the record on show, by the names of their boxes.
+using FieldsByBox = std::map<std::string, double>;
+
+/// Types the text and expects what the box then shows and `fields` then yields for it.
+inline void ExpectTyped(const DialogDriver& driver, const TypedNumber& number,
+                        const std::function<FieldsByBox()>& fields) {
+  driver.Type(number.box, number.typed);
+  EXPECT_EQ(driver.Text(number.box), number.shown);
+  EXPECT_EQ(fields().at(number.box), number.stored);
+}
 
 }  // namespace halvorne::testing

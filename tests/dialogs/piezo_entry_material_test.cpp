@@ -64,19 +64,13 @@ class PiezoBounds : public PiezoMaterialPage, public ::testing::WithParamInterfa
 
 TEST_P(PiezoBounds, ReplaceWhatLiesOutsideAtOnce) {
   OnPage([](const DialogDriver& driver) {
-    const auto& [box, typed, shown, stored] = GetParam();
-    driver.Type(box, typed);
-    EXPECT_EQ(driver.Text(box), shown);
-    const PiezoMaterial& matl = draft.TmpPZMatl(1);
-    const std::string name = box;
-    const double value = name == "txtPZLongVel"     ? matl.Velocity
-                         : name == "txtPZShearVel"  ? matl.ShearVelocity
-                         : name == "txtPZDensity"   ? matl.Density
-                         : name == "txtPZDielConst" ? matl.Ks
-                         : name == "txtPZCoupling"  ? matl.Kt
-                         : name == "txtPZTanDe"     ? matl.TanDe
-                                                    : matl.TanDm;
-    EXPECT_EQ(value, stored);
+    ExpectTyped(driver, GetParam(), [] {
+      const PiezoMaterial& matl = draft.TmpPZMatl(1);
+      return FieldsByBox{{"txtPZLongVel", matl.Velocity}, {"txtPZShearVel", matl.ShearVelocity},
+                         {"txtPZDensity", matl.Density},  {"txtPZDielConst", matl.Ks},
+                         {"txtPZCoupling", matl.Kt},      {"txtPZTanDe", matl.TanDe},
+                         {"txtPZTanDm", matl.TanDm}};
+    });
   });
 }
 
