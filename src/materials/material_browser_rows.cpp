@@ -71,7 +71,6 @@ void MaterialBrowser::DeleteMaterial() try {
                        .buttons = MessageButtons::kYesNo,
                        .defaultAnswer = MessageAnswer::kNo});
   if (answer == MessageAnswer::kYes) {
-    rows_->TakeBack();
     KeepPlace([this, row] { rows_->Delete(row); });
   }
 } catch (...) {

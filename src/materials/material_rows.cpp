@@ -82,9 +82,9 @@ void MaterialRows::Refresh() {
 }
 
 QString MaterialRows::selectStatement() const {
-  QString statement = QStringLiteral("SELECT ") + ColumnList(store_) + QStringLiteral(", ") +
-                      numberName_ + QStringLiteral(" AS ") + Quoted(numberName_) +
-                      QStringLiteral(" FROM ") + Quoted(table_);
+  QString statement = QStringLiteral("SELECT ") + ColumnList(store_, table_) +
+                      QStringLiteral(", ") + numberName_ + QStringLiteral(" AS ") +
+                      Quoted(numberName_) + QStringLiteral(" FROM ") + Quoted(table_);
   if (!filter().isEmpty()) {
     statement += QStringLiteral(" WHERE ") + filter();
   }
@@ -251,8 +251,11 @@ qint64 MaterialRows::Append(const std::vector<QStringList>& rows) {
 }
 
 void MaterialRows::Delete(int row) {
-  const bool done = DeleteRow(PlaceInTable(row), Cells(row));
-  Refresh();
+  const bool typedInto = row == changedRow_;
+  const bool done = DeleteRow(PlaceInTable(row), typedInto ? before_ : Cells(row));
+  if (done || !typedInto) {
+    Refresh();
+  }
   if (!done) {
     throw Failure(failure_number::kInvalidCall,
                   "Another program has changed this row; it is not deleted");

@@ -54,8 +54,9 @@ class MaterialRows final : public QSqlTableModel {
   /// with words, for a row with more cells than columns, and what the database says.
   qint64 Append(const std::vector<QStringList>& rows);
 
-  /// Deletes a row and reads the table again. Raises 5, with words, when another program has
-  /// changed the row, which is then shown as it is.
+  /// Deletes a row and reads the table again. Raises what the database says, and 5, with words,
+  /// when another program has changed the row, which is then shown as it is; what was typed into
+  /// the row and is not written stays then.
   void Delete(int row);
 
   /// Number of a row in its table; -1 for a new one.

@@ -157,10 +157,12 @@ QString RowNumberName(const QSqlDatabase& connection, const MaterialStore& store
                 "The rows of the table " + FromQString(table) + " have no number");
 }
 
-QString ColumnList(const MaterialStore& store) {
+QString ColumnList(const MaterialStore& store, const QString& table) {
+  // A quoted name that stands alone is a text to the database where there is no such column.
+  const QString before = Quoted(table) + u'.';
   QStringList names;
   for (const MaterialColumn& column : store.columns) {
-    names.append(Quoted(QString::fromLatin1(column.name)));
+    names.append(before + Quoted(QString::fromLatin1(column.name)));
   }
   return names.join(QStringLiteral(", "));
 }
@@ -177,7 +179,7 @@ std::vector<std::vector<MaterialCell>> ReadMaterials(const QSqlDatabase& connect
                                                      const MaterialStore& store,
                                                      const QString& table) {
   const QString number = RowNumberName(connection, store, table);
-  QSqlQuery query = Executed(connection, QStringLiteral("SELECT ") + ColumnList(store) +
+  QSqlQuery query = Executed(connection, QStringLiteral("SELECT ") + ColumnList(store, table) +
                                              QStringLiteral(" FROM ") + Quoted(table) +
                                              QStringLiteral(" ORDER BY ") + number);
   std::vector<std::vector<MaterialCell>> records;

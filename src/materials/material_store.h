@@ -51,8 +51,8 @@ QStringList MaterialTables(const QSqlDatabase& connection);
 QString RowNumberName(const QSqlDatabase& connection, const MaterialStore& store,
                       const QString& table);
 
-/// The columns of a store as a statement lists them.
-QString ColumnList(const MaterialStore& store);
+/// The columns of a store in one of its tables, as a statement lists them.
+QString ColumnList(const MaterialStore& store, const QString& table);
 
 /// The cells of a record whose first fields are the store's columns.
 std::vector<MaterialCell> CellsOf(const MaterialStore& store, const QSqlRecord& record);

@@ -56,10 +56,11 @@ bool SameValue(const QVariant& a, const QVariant& b) {
   return a.isNull() == b.isNull() && (a.isNull() || (a.userType() == b.userType() && a == b));
 }
 
-QStringList QuotedNames(const QSqlRecord& record) {
+/// @param before  stands in front of each name
+QStringList QuotedNames(const QSqlRecord& record, const QString& before = {}) {
   QStringList names;
   for (int i = 0; i < record.count(); ++i) {
-    names.append(Quoted(record.fieldName(i)));
+    names.append(before + Quoted(record.fieldName(i)));
   }
   return names;
 }
@@ -68,13 +69,15 @@ QString WhereRow(const RowPlace& row) {
   return QStringLiteral(" WHERE ") + row.numberName + QStringLiteral(" = ?");
 }
 
-/// The row as it is now in the fields of `fields`.
+/// The row as it is now in the fields of `fields`. Raises what the database says of a column that
+/// is no more: a quoted name that stands alone would be a text to it and yield itself.
 std::optional<QSqlRecord> Present(const RowPlace& row, const QSqlRecord& fields) {
-  QSqlQuery query =
-      Execute(row.connection,
-              QStringLiteral("SELECT ") + QuotedNames(fields).join(QStringLiteral(", ")) +
-                  QStringLiteral(" FROM ") + Quoted(row.table) + WhereRow(row),
-              {row.number});
+  const QString table = Quoted(row.table);
+  QSqlQuery query = Execute(row.connection,
+                            QStringLiteral("SELECT ") +
+                                QuotedNames(fields, table + u'.').join(QStringLiteral(", ")) +
+                                QStringLiteral(" FROM ") + table + WhereRow(row),
+                            {row.number});
   if (query.next()) {
     return query.record();
   }

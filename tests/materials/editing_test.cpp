@@ -349,6 +349,58 @@ TEST_F(Editing, ARowThatAnotherProgramChangedIsNotDeleted) {
   EXPECT_EQ(Cell(0, 8), "New");
 }
 
+TEST_F(Editing, ARowThatWasTypedIntoIsDeletedWithWhatWasTyped) {
+  OpenPiezo();
+  TypeIntoCell(1, "4321");
+  script.Expect(Question(kPiezoDatabase, "Delete the material \"Alpha\" from the table \"First\"?",
+                         QMessageBox::Yes));
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(StoredRows(), 2);
+  EXPECT_THAT(Names(), ElementsAre("beta", "Gamma"));
+  EXPECT_EQ(Cell(0, 1), "4100");
+}
+
+TEST_F(Editing, ADeleteThatFailsKeepsWhatWasTyped) {
+  OpenPiezo();
+  TypeIntoCell(1, "4321");
+  const ExpectedBox question = Question(
+      kPiezoDatabase, "Delete the material \"Alpha\" from the table \"First\"?", QMessageBox::Yes);
+  other.Run("BEGIN IMMEDIATE");
+  script.Expect(question);
+  script.Expect(
+      FailureBox("ERROR in DBGrid1_AfterDelete of frmPiezoDB", "Error: 5. database is locked"));
+  Press(Qt::Key_Delete);
+  other.Run("ROLLBACK");
+  EXPECT_EQ(Cell(0, 1), "4321");
+  other.Run("UPDATE \"First\" SET \"Vendor\" = 'New' WHERE \"Material\" = 'Alpha'");
+  script.Expect(question);
+  script.Expect(FailureBox("ERROR in DBGrid1_AfterDelete of frmPiezoDB",
+                           "Error: 5. Another program has changed this row; it is not deleted"));
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(Cell(0, 1), "4321");
+  Press(Qt::Key_Down);
+  EXPECT_EQ(Stored("Longit vel m/sec", "Alpha"), 4321);
+  EXPECT_EQ(Cell(0, 8), "New");
+}
+
+TEST_F(Editing, AColumnThatAnotherProgramDroppedIsTold) {
+  OpenPiezo();
+  TypeIntoCell(3, "7001");
+  other.Run("ALTER TABLE \"First\" DROP COLUMN \"Density kg/m^3\"");
+  const char* const gone = "Error: 1. no such column: First.Density kg/m^3";
+  script.Expect(FailureBox("ERROR in DBGrid1_RowColChange of frmPiezoDB", gone));
+  Press(Qt::Key_Down);
+  QApplication::processEvents();
+  EXPECT_EQ(CurrentRow(), 0);
+  EXPECT_EQ(Cell(0, 3), "7001") << "what was typed stays";
+  script.Expect(Question(kPiezoDatabase, "Delete the material \"Alpha\" from the table \"First\"?",
+                         QMessageBox::Yes));
+  script.Expect(FailureBox("ERROR in DBGrid1_AfterDelete of frmPiezoDB", gone));
+  Press(Qt::Key_Delete);
+  EXPECT_EQ(StoredRows(), 3);
+  Press(Qt::Key_Z, Qt::ControlModifier);
+}
+
 TEST_F(Editing, RowsAreCopiedAsASpreadsheetTakesThem) {
   other.Run("UPDATE \"First\" SET \"Vendor\" = 'A \"large\" maker' WHERE \"Material\" = 'Alpha'");
   OpenPiezo();
