@@ -7,6 +7,7 @@
 
 #include "engine/design_model.h"
 #include "engine/two_port.h"
+#include "support/plain_design.h"
 #include "support/recorded_messages.h"
 
 namespace halvorne::testing {
@@ -29,13 +30,6 @@ class EngineTest : public ::testing::Test {
 
 /// The common box of a procedure: "ERROR in <procedure> of CALCS|Error: <number>. <words>".
 std::string Box(const std::string& procedure, int number);
-
-/// VelDisp 1 at all points of the sweep.
-void NeutralDispersion();
-
-/// One lossless layer (kt 0.5, half-wave frequency 5 MHz), real loads, no plates, no network,
-/// 1 to 9 MHz.
-void MakePlainDesign(int intervals = 16);
 
 /// Derives all that a sweep needs and runs it.
 void RunSweep();

@@ -6,6 +6,7 @@
 #include "platform/numbers.h"
 #include "plot/held_designs.h"
 #include "plot/plot_state.h"
+#include "support/plain_design.h"
 #include "timedomain/sample_rate.h"
 
 namespace halvorne::testing {
@@ -29,26 +30,8 @@ void ResetProgram() {
 }
 
 void MakeSimpleDesign(int intervals, int timePoints) {
-  design.NoPiezo = 1;
-  PiezoMaterial& matl = design.PZMatl(1);
-  matl.Name = "Test ceramic";
-  matl.Velocity = 4000;
-  matl.ShearVelocity = 2000;
-  matl.Density = 7500;
-  matl.Ks = 800;
-  matl.Kt = 0.5;
-  matl.TanDe = 1e-9;
-  matl.TanDm = 0;
-  design.PZThick(1) = 0.0004;
-  design.PZPolarity(1) = 1;
-  design.ElementArea = 1e-4;
-  design.ZFrontLoad = 1.5e6;
-  design.ZBackLoad = 3e6;
-  design.TermTx = 50;
-  design.TermRx = 50;
-  design.FreqStart = 1e6;
-  design.FreqStop = 9e6;
-  design.NoFreqPts = intervals;
+  MakePlainDesign(intervals);
+  design.PZMatl(1).ShearVelocity = 2000;
   design.NoTimePts = timePoints;
   design.DesignFreq = 5e6;
   design.FreqScale = 1e6F;
