@@ -110,6 +110,8 @@ TEST_F(AxisEndRounding, AdjustMagTiesTheEndsAndGivesThePowerOf1000) {
       {75, -3, 75, -10, 1},     // two signs: the same decade beyond zero
       {3, -75, 10, -75, 1},     //
       {75, 30, 75, 30, 1},      // one decade: left alone
+      {75, 0, 75, 0, 1},        // an end at zero stays there
+      {0, -75, 0, -75, 1},      //
       {7.5F, -5, 7.5F, -5, 1},  //
       {5000, 3000, 5000, 3000, 1e3F},
       {2e7F, -3e7F, 2e7F, -3e7F, 1e6F},
@@ -136,6 +138,18 @@ TEST_F(AxisEndRounding, AdjustMagLeavesAnAxisOfExactly1000WithoutADivisor) {
   AdjustMag(max, min, magnitude);
   EXPECT_EQ(magnitude, 1);
   EXPECT_EQ(min, 100) << "and 100 counts as of the same decade";
+}
+
+TEST_F(AxisEndRounding, EndsWithoutBoundAreReported) {
+  float end = std::numeric_limits<float>::infinity();
+  EXPECT_EQ(RoundOff(end, true), 0);
+  float other = 1;
+  float magnitude = 7;
+  AdjustMag(end, other, magnitude);
+  EXPECT_EQ(magnitude, 7);
+  EXPECT_EQ(shownMessages.Lines(),
+            (std::vector<std::string>{"ERROR in RoundOff of PLOTIT|Error: 6. Overflow",
+                                      "ERROR in AdjustMag of PLOTIT|Error: 6. Overflow"}));
 }
 
 TEST_F(AxisEndRounding, AutoRangeOfAConstant4RunsFrom3To5) {

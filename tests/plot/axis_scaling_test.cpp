@@ -144,6 +144,16 @@ TEST_F(AxisScaling, AWaveformWithTheLargerNegativeSideIsSymmetricToThatSide) {
   EXPECT_EQ(scale.LeftMax, 7.5F);
 }
 
+TEST_F(AxisScaling, TheSecondTraceHasNoSayInTheSymmetryOfTheFirst) {
+  Show(16, 3);
+  scale.LastPlotPt = 1;
+  points.PlotData(0) = {-7.1, 400};
+  points.PlotData(1) = {4.1, 0};
+  GetAmplScale(points.PlotData, true);
+  EXPECT_EQ(scale.LeftMin, -7.5F);
+  EXPECT_EQ(scale.LeftMax, 7.5F);
+}
+
 TEST_F(AxisScaling, TheRightAxisKeepsItsOwnDivisorWhenItTakesTheLeftEnds) {
   Show(16, 3);
   scale.LastPlotPt = 1;

@@ -340,6 +340,38 @@ TEST_F(ConversionsTest, LimitPdataBoundsMagnitudesAndLeavesZero) {
   }
 }
 
+TEST_F(ConversionsTest, LimitPdataReportsMorePointsThanThereAre) {
+  design.NoFreqPts = 65536;
+  points.PlotData(65535).Y1 = 1e50;
+  LimitPdata();
+  EXPECT_EQ(points.PlotData(65535).Y1, 1e38);
+  EXPECT_EQ(shownMessages.Lines(),
+            Lines{"ERROR in LimitPdata of PLOTIT|Error: 9. Subscript out of range"});
+}
+
+TEST_F(ConversionsTest, VDispConvertShowsTheFactorsOfAllPointsAndNoSecondTrace) {
+  view.CurrentPlot = 52;
+  window.AddPlotType("Piezo Layer");
+  for (int i = 0; i <= 3; ++i) {
+    design.VelDisp(0, i) = 1.5 + i;
+    points.PlotData(i) = {77, 77};
+  }
+  VDispConvert();
+  for (int i = 0; i <= 2; ++i) {
+    EXPECT_EQ(points.PlotData(i).Y1, 1.5 + i);
+    EXPECT_EQ(points.PlotData(i).Y2, 0);
+  }
+  EXPECT_EQ(points.PlotData(3).Y1, 77) << "beyond the sweep";
+}
+
+TEST_F(ConversionsTest, VDispConvertReportsMorePointsThanThereAre) {
+  view.CurrentPlot = 53;
+  design.NoFreqPts = kLastFreqPoint + 1;
+  VDispConvert();
+  EXPECT_EQ(shownMessages.Lines().back(),
+            "ERROR in VDispConvert of PLOTIT|Error: 9. Subscript out of range");
+}
+
 TEST_F(ConversionsTest, ArrayMaxMinFindsTheExtremesOfItsRange) {
   static MeasureBuffer array;
   for (int i = 0; i < 6; ++i) {

@@ -172,6 +172,32 @@ TEST_F(Cursor, AWindowOfOnePointIsADivisionByZero) {
   EXPECT_TRUE(Picture().Operations().empty());
 }
 
+TEST_F(Cursor, EachWayToMoveItReportsItsOwnFailure) {
+  ShowCurve();
+  measured.CursorOn = true;
+  window.SetCursorMin(-1);  // there is no such point
+  window.SetCursorMax(10);
+  shownMessages.Forget();
+  FindMax_Click();
+  FindMin_Click();
+  window.SetCursorMax(-1);
+  HScroll1_Change();
+  const std::string words = " of frmHalvorneMain|Error: ";
+  EXPECT_EQ(
+      shownMessages.Lines(),
+      (std::vector<std::string>{"ERROR in FindMax_Click" + words + "9. Subscript out of range",
+                                "ERROR in FindMin_Click" + words + "9. Subscript out of range",
+                                "ERROR in HScroll1_Change" + words + "11. Division by zero"}));
+}
+
+TEST_F(Cursor, WithoutAWindowClearingIsReported) {
+  SetMainWindow(nullptr);
+  ClearCursor();
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in ClearCursor of PLOTIT|Error: 5. Invalid procedure "
+                                     "call or argument"});
+}
+
 TEST_F(Cursor, ClearingTurnsItOffAndItsButtonOn) {
   ShowCurve();
   Cursor1_Click();

@@ -167,6 +167,7 @@ TEST_F(GatherTest, EveryPlotLosesItsShareInTheMedium) {
       }
       ExpectPoint(i, value);
     }
+    EXPECT_TRUE(shownMessages.Lines().empty()) << "plots without decibels ask for no loss";
   }
 }
 
@@ -184,10 +185,14 @@ TEST_F(GatherTest, ALoadOfNothingTakesTheSmallestSquareInTheTransmitPower) {
   design.ZFrontIm(3) = 0;
   design.ZFrontRe(4) = 1e-3;
   design.ZFrontIm(4) = 0;
+  design.ZFrontRe(5) = 7e-26;  // a square of 4.9e-51
+  design.ZFrontIm(5) = 0;
   Select(15);
   const double k = kArea * kLayerArea * 4 * kTermTx;
   const double expected = std::norm(Z(testing::kTxTF, 3)) * k * (1e-30 / 1e-50);
   EXPECT_NEAR(points.RawData(3).Y1 / expected, 1, 1e-12);
+  const double nearly = std::norm(Z(testing::kTxTF, 5)) * k * (7e-26 / 1e-50);
+  EXPECT_NEAR(points.RawData(5).Y1 / nearly, 1, 1e-12);
   const double soft = std::norm(Z(testing::kTxTF, 4)) * k * 1e3;
   EXPECT_NEAR(points.RawData(4).Y1 / soft, 1, 1e-12) << "a soft load is taken as it is";
 }
