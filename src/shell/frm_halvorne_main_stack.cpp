@@ -1,9 +1,9 @@
 #include <algorithm>
 
+#include "dialogs/enter_layers.h"
 #include "dialogs/frm_acoust_load.h"
 #include "dialogs/frm_el_net_entry.h"
 #include "dialogs/frm_elec_term_entry.h"
-#include "dialogs/input_commands.h"
 #include "engine/design_model.h"
 #include "platform/failure.h"
 #include "plot/plot_state.h"
