@@ -37,6 +37,14 @@ std::optional<std::time_t> FixedTime() {
   return whole && seconds >= 0 && seconds <= lastSecond ? std::optional(seconds) : std::nullopt;
 }
 
+std::string TextOf(std::time_t second, bool fixed) {
+  const std::tm parts = fixed ? *std::gmtime(&second) : *std::localtime(&second);
+  std::ostringstream text;
+  text.imbue(UserLocale());
+  text << std::put_time(&parts, "%x %X");
+  return text.str();
+}
+
 }  // namespace
 
 std::time_t Now() {
@@ -44,12 +52,20 @@ std::time_t Now() {
 }
 
 std::string DateTimeText() {
-  const std::time_t now = Now();
-  const std::tm local = FixedTime() ? *std::gmtime(&now) : *std::localtime(&now);
-  std::ostringstream text;
-  text.imbue(UserLocale());
-  text << std::put_time(&local, "%x %X");
-  return text.str();
+  // Kept for its second: a text anew asks the system for its time zone and costs a third of a
+  // typical sweep.
+  struct Stamp {
+    std::time_t second = -1;
+    bool fixed = false;
+    std::string text;
+  };
+  static Stamp last;
+  const std::optional<std::time_t> fixed = FixedTime();
+  const std::time_t second = fixed.value_or(std::time(nullptr));
+  if (last.text.empty() || second != last.second || fixed.has_value() != last.fixed) {
+    last = {second, fixed.has_value(), TextOf(second, fixed.has_value())};
+  }
+  return last.text;
 }
 
 }  // namespace halvorne

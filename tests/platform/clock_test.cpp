@@ -35,6 +35,19 @@ TEST(DateTimeText, TakesTheTimeThatTheEnvironmentFixes) {
   EXPECT_EQ(DateTimeText(), "09/09/01 01:46:40");
 }
 
+TEST(DateTimeText, TellsEachSecondAndEachSourceOfTheTimeApart) {
+  {
+    const FixedClock clock("1000000000");
+    EXPECT_EQ(DateTimeText(), "09/09/01 01:46:40");
+  }
+  EXPECT_NE(DateTimeText(), "09/09/01 01:46:40");
+  {
+    const FixedClock clock("1000000001");
+    EXPECT_EQ(DateTimeText(), "09/09/01 01:46:41");
+    EXPECT_EQ(DateTimeText(), "09/09/01 01:46:41");
+  }
+}
+
 TEST(DateTimeText, PassesOverAFixedTimeThatIsNone) {
   const std::time_t before = std::time(nullptr);
   for (const char* text : {"", "soon", "12x", "-1", "1e9", "99999999999999999999"}) {
