@@ -28,8 +28,11 @@ void ScaledLoad(double load, const FreqCurve& normRe, const FreqCurve& normIm, F
 
 void Tline(std::int16_t slot, double z, double delay, double loss, double lossFreq,
            float lossExp) try {
-  formulas::AcousticLine(sweep.Freq, sweep.Omega, design.VelDisp(slot, sweep.FreqIndex), z, delay,
-                         loss, lossFreq, lossExp, sweep.SecRe, sweep.SecIm);
+  const double dispersion = design.VelDisp(slot, sweep.FreqIndex);
+  const auto line = formulas::AcousticTerms(sweep.Omega, dispersion, delay, loss, [&] {
+    return formulas::LossPower(sweep.Freq, lossFreq, lossExp);
+  });
+  formulas::LineSection(line, z, dispersion, sweep.SecRe, sweep.SecIm);
   AryMult();
 } catch (...) {
   ReportFailure("Tline", "CALCS");

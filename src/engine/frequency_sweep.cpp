@@ -2,11 +2,12 @@
 
 #include <cstdint>
 
+#include "engine/acoustic_chain.h"
 #include "engine/acoustic_sections.h"
 #include "engine/design_model.h"
 #include "engine/network_elements.h"
 #include "engine/piezo_section.h"
-#include "engine/two_port_formulas.h"
+#include "engine/sweep_formulas.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -17,28 +18,6 @@ namespace halvorne {
 using formulas::FiniteQuotient;
 
 namespace {
-
-/// One side's chain: index 0 is half a piezoelectric layer, then the plates outward.
-struct Chain {
-  const ChainValues& Thick;
-  const ChainValues& Area;
-  ChainValues& Loss;
-  ChainValues& Delay;
-  ChainValues& LossFreq;
-  Bounded<float, 0, 25>& LossExp;
-  ChainValues& Z;
-  int firstSlot;  ///< dispersion slot of index 0
-};
-
-Chain FrontChain() {
-  return {design.FrontThick,    design.FrontArea,    design.FrontLoss, design.FrontDelay,
-          design.FrontLossFreq, design.FrontLossExp, design.FrontZ,    0};
-}
-
-Chain BackChain() {
-  return {design.BackThick,    design.BackArea,    design.BackLoss, design.BackDelay,
-          design.BackLossFreq, design.BackLossExp, design.BackZ,    kBackSlot};
-}
 
 void PreparePlates(const Chain& chain, const PlateMaterials& plates, int count) {
   constexpr double kNepersPerMetre = 11.51293;  // one dB/cm
@@ -83,11 +62,7 @@ void ChainProduct(const Chain& chain, int plates) {
 
 /// What ZinElec and ZinAcoust leave of a terminated product. One that fails leaves what the
 /// termination before it had brought, and the sweep goes on with that.
-struct Terminated {
-  Complex p, n, d;
-  double nn = 0;
-  double dd = 0;
-};
+using Terminated = formulas::Terminated<double>;
 
 void TerminateElectrically(double area, double zRe, double zIm, Terminated& port) {
   ZinElec(Finite(area * zRe), Finite(area * zIm), port.p, port.nn, port.dd, port.n, port.d);
@@ -120,51 +95,30 @@ void FoldNetwork() {
   }
 }
 
-void StoreTransferFunctions(const Terminated& port) {
+formulas::CurveValues<double&> CurvesAtPoint() {
   const std::int32_t point = sweep.FreqIndex;
-  const double loadRe = design.ZFrontRe(point);  // without the area: pressure per volt
-  const double loadIm = design.ZFrontIm(point);
-  const Complex x{Finite(port.n.re + design.TermTx * port.d.re),
-                  Finite(port.n.im + design.TermTx * port.d.im)};
-  const double s = FiniteQuotient(1, x.im * x.im + x.re * x.re);
-  curves.TxTFRe(point) = Finite((x.im * loadIm + x.re * loadRe) * s);
-  curves.TxTFIm(point) = Finite((x.re * loadIm - x.im * loadRe) * s);
-
-  const double received = Finite(design.TermRx * design.FrontLoadArea);
-  const Complex y{Finite(port.n.re + design.TermRx * port.d.re),
-                  Finite(port.n.im + design.TermRx * port.d.im)};
-  curves.RxTFRe(point) = FiniteQuotient(received * y.re, y.im * y.im + y.re * y.re);
-  curves.RxTFIm(point) = FiniteQuotient(-curves.RxTFRe(point) * y.im, y.re);
-
-  const Complex w{Finite(y.re * x.re - y.im * x.im), Finite(y.im * x.re + y.re * x.im)};
-  const double g = FiniteQuotient(received, w.im * w.im + w.re * w.re);
-  curves.TwoWayTFRe(point) = Finite((w.re * loadRe + w.im * loadIm) * g);
-  curves.TwoWayTFIm(point) = Finite((w.re * loadIm - w.im * loadRe) * g);
+  return {curves.ZinElecRe(point), curves.ZinElecIm(point),  curves.ZinAcRe(point),
+          curves.ZinAcIm(point),   curves.TxEff(point),      curves.RxEff(point),
+          curves.TxTFRe(point),    curves.TxTFIm(point),     curves.RxTFRe(point),
+          curves.RxTFIm(point),    curves.TwoWayTFRe(point), curves.TwoWayTFIm(point)};
 }
 
-/// The curves seen from the electrical port, and the transfer functions.
+formulas::Terminations<double> Ends() {
+  return {design.TermTx, design.TermRx, design.FrontLoadArea};
+}
+
 void ElectricalSide(Terminated& port) {
-  const std::int32_t point = sweep.FreqIndex;
-  const double area = design.FrontLoadArea;
-  TerminateElectrically(area, design.ZFrontRe(point), design.ZFrontIm(point), port);
-  curves.ZinElecRe(point) = FiniteQuotient(port.p.re, port.dd);
-  curves.ZinElecIm(point) = FiniteQuotient(port.p.im, port.dd);
-  curves.TxEff(point) =
-      port.p.re == 0 ? 0 : FiniteQuotient(area * design.ZFrontRe(point), port.p.re);
-  StoreTransferFunctions(port);
+  const double loadRe = design.ZFrontRe(sweep.FreqIndex);
+  const double loadIm = design.ZFrontIm(sweep.FreqIndex);
+  TerminateElectrically(design.FrontLoadArea, loadRe, loadIm, port);
+  auto at = CurvesAtPoint();
+  formulas::ElectricalCurves(Ends(), loadRe, loadIm, port, at);
 }
 
-/// The curves seen from the acoustic port, and the receive curve's unit.
 void AcousticSide(Terminated& port) {
-  const std::int32_t point = sweep.FreqIndex;
   ZinAcoust(design.TermRx, port.p, port.nn, port.dd);
-  curves.ZinAcRe(point) = FiniteQuotient(port.p.re, design.FrontLoadArea * port.dd);
-  curves.ZinAcIm(point) = FiniteQuotient(port.p.im, design.FrontLoadArea * port.dd);
-  curves.RxEff(point) = port.p.re == 0 ? 0 : FiniteQuotient(design.TermRx, port.p.re);
-
-  constexpr double kMicrovolts = 1e6;  // Kept: the two-way curve isn't scaled.
-  curves.RxTFRe(point) = Finite(curves.RxTFRe(point) * kMicrovolts);
-  curves.RxTFIm(point) = Finite(curves.RxTFIm(point) * kMicrovolts);
+  auto at = CurvesAtPoint();
+  formulas::AcousticCurves(Ends(), port, at);
 }
 
 }  // namespace
@@ -210,22 +164,16 @@ void MainCalc() try {
 
 void ZinElec(double zRe, double zIm, Complex& p, double& nn, double& dd, Complex& n,
              Complex& d) try {
-  const Matrix& re = sweep.MatRe;
-  const Matrix& im = sweep.MatIm;
-  n.re = Finite(re(1, 1) * zRe - im(1, 1) * zIm + re(1, 2));
-  n.im = Finite(re(1, 1) * zIm + im(1, 1) * zRe + im(1, 2));
-  d.re = Finite(re(2, 1) * zRe - im(2, 1) * zIm + re(2, 2));
-  d.im = Finite(re(2, 1) * zIm + im(2, 1) * zRe + im(2, 2));
+  formulas::TerminateSecondPort(sweep.MatRe, sweep.MatIm, zRe, zIm, n, d);
   CmplxUtil(n, d, p, nn, dd);
 } catch (...) {
   ReportFailure("ZinElec", "CALCS");
 }
 
 void ZinAcoust(double r, Complex& p, double& nn, double& dd) try {
-  const Matrix& re = sweep.MatRe;
-  const Matrix& im = sweep.MatIm;
-  const Complex n{Finite(re(2, 2) * r + re(1, 2)), Finite(im(2, 2) * r + im(1, 2))};
-  const Complex d{Finite(re(2, 1) * r + re(1, 1)), Finite(im(2, 1) * r + im(1, 1))};
+  Complex n;
+  Complex d;
+  formulas::TerminateFirstPort(sweep.MatRe, sweep.MatIm, r, n, d);
   CmplxUtil(n, d, p, nn, dd);
 } catch (...) {
   ReportFailure("ZinAcoust", "CALCS");

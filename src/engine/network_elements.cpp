@@ -49,9 +49,9 @@ void Rnet(double code, double r) try {
 void Lnet(double code, double l) try {
   FreshSection();
   if (code == 3) {
-    sweep.SecIm(1, 2) = Finite(sweep.Omega * l);
+    sweep.SecIm(1, 2) = formulas::InductorReactance(sweep.Omega, l);
   } else {
-    sweep.SecIm(2, 1) = FiniteQuotient(-1, sweep.Omega * l);
+    sweep.SecIm(2, 1) = formulas::InductorSusceptance(sweep.Omega, l);
   }
 } catch (...) {
   ReportFailure("Lnet", "CALCS");
@@ -60,9 +60,9 @@ void Lnet(double code, double l) try {
 void Cnet(double code, double c) try {
   FreshSection();
   if (code == 5) {
-    sweep.SecIm(1, 2) = FiniteQuotient(-1, sweep.Omega * c);
+    sweep.SecIm(1, 2) = formulas::CapacitorReactance(sweep.Omega, c);
   } else {
-    sweep.SecIm(2, 1) = Finite(sweep.Omega * c);
+    sweep.SecIm(2, 1) = formulas::CapacitorSusceptance(sweep.Omega, c);
   }
 } catch (...) {
   ReportFailure("Cnet", "CALCS");
@@ -85,14 +85,14 @@ void Xfmr(double primary, double secondary) try {
 
 void NonIdeal(double lse, double r, double lsh, double c) try {
   FreshSection();
-  sweep.SecIm(1, 2) = Finite(sweep.Omega * lse);
+  sweep.SecIm(1, 2) = formulas::InductorReactance(sweep.Omega, lse);
   AryMult();
   FreshSection();
   sweep.SecRe(2, 1) = FiniteQuotient(1, r);
-  sweep.SecIm(2, 1) = Finite(sweep.Omega * c - FiniteQuotient(1, sweep.Omega * lsh));
+  sweep.SecIm(2, 1) = formulas::TankSusceptance(sweep.Omega, lsh, c);
   AryMult();
   FreshSection();
-  sweep.SecIm(1, 2) = Finite(sweep.Omega * lse);
+  sweep.SecIm(1, 2) = formulas::InductorReactance(sweep.Omega, lse);
 } catch (...) {
   ReportFailure("NonIdeal", "CALCS");
 }
@@ -146,37 +146,62 @@ void ShuntD(double r, double l, double c) try {
   ReportFailure("ShuntD", "CALCS");
 }
 
+ElementKind KindOf(double code) {
+  if (code >= 1 && code <= 2) {
+    return code == 1 ? ElementKind::kSeriesR : ElementKind::kShuntR;
+  }
+  if (code >= 3 && code <= 4) {
+    return code == 3 ? ElementKind::kSeriesL : ElementKind::kShuntL;
+  }
+  if (code >= 5 && code <= 6) {
+    return code == 5 ? ElementKind::kSeriesC : ElementKind::kShuntC;
+  }
+  for (int kind = 7; kind <= 17; ++kind) {
+    if (code == kind) {
+      return static_cast<ElementKind>(kind);
+    }
+  }
+  return ElementKind::kUnknown;
+}
+
 void ElementSection(int row) {
   const auto value = [row](int column) { return design.ElNet(row, column); };
   const double code = value(1);
-  if (code >= 1 && code <= 2) {
-    Rnet(code, value(2));
-  } else if (code >= 3 && code <= 4) {
-    Lnet(code, value(2));
-  } else if (code >= 5 && code <= 6) {
-    Cnet(code, value(2));
-  } else if (code == 7) {
-    Coax(value(2), value(3), value(4), value(5));
-  } else if (code == 8 || code == 17) {
-    Xfmr(value(2), value(3));
-  } else if (code == 9) {
-    NonIdeal(value(2), value(3), value(4), value(5));
-  } else if (code == 10) {
-    SeriesA(value(2), value(3), value(4));
-  } else if (code == 11) {
-    SeriesB(value(2), value(3), value(4));
-  } else if (code == 12) {
-    SeriesC(value(2), value(3), value(4));
-  } else if (code == 13) {
-    SeriesE(value(2), value(3), value(4), value(5));
-  } else if (code == 14) {
-    ShuntB(value(2), value(3), value(4));
-  } else if (code == 15) {
-    ShuntC(value(2), value(3), value(4));
-  } else if (code == 16) {
-    ShuntD(value(2), value(3), value(4));
+  switch (KindOf(code)) {
+    case ElementKind::kSeriesR:
+    case ElementKind::kShuntR:
+      return Rnet(code, value(2));
+    case ElementKind::kSeriesL:
+    case ElementKind::kShuntL:
+      return Lnet(code, value(2));
+    case ElementKind::kSeriesC:
+    case ElementKind::kShuntC:
+      return Cnet(code, value(2));
+    case ElementKind::kCoax:
+      return Coax(value(2), value(3), value(4), value(5));
+    case ElementKind::kTransformer:
+    case ElementKind::kLayers:
+      return Xfmr(value(2), value(3));
+    case ElementKind::kNonIdeal:
+      return NonIdeal(value(2), value(3), value(4), value(5));
+    case ElementKind::kSeriesA:
+      return SeriesA(value(2), value(3), value(4));
+    case ElementKind::kSeriesB:
+      return SeriesB(value(2), value(3), value(4));
+    case ElementKind::kSeriesCircuitC:
+      return SeriesC(value(2), value(3), value(4));
+    case ElementKind::kSeriesE:
+      return SeriesE(value(2), value(3), value(4), value(5));
+    case ElementKind::kShuntB:
+      return ShuntB(value(2), value(3), value(4));
+    case ElementKind::kShuntCircuitC:
+      return ShuntC(value(2), value(3), value(4));
+    case ElementKind::kShuntD:
+      return ShuntD(value(2), value(3), value(4));
+    case ElementKind::kUnknown:
+      // Kept: an unknown code calls nothing, so the section that stands is folded in again.
+      return;
   }
-  // Kept: an unknown code calls nothing, so the section that stands is folded in again.
 }
 
 }  // namespace halvorne

@@ -27,6 +27,32 @@ void ShuntB(double r, double l, double c);
 void ShuntC(double r, double l, double c);
 void ShuntD(double r, double l, double c);
 
+/// Kinds of elements by their codes.
+enum class ElementKind {
+  kUnknown = 0,
+  kSeriesR = 1,
+  kShuntR = 2,
+  kSeriesL = 3,
+  kShuntL = 4,
+  kSeriesC = 5,
+  kShuntC = 6,
+  kCoax = 7,
+  kTransformer = 8,
+  kNonIdeal = 9,
+  kSeriesA = 10,
+  kSeriesB = 11,
+  kSeriesCircuitC = 12,
+  kSeriesE = 13,
+  kShuntB = 14,
+  kShuntCircuitC = 15,
+  kShuntD = 16,
+  kLayers = 17
+};
+
+/// Kind of a code as it stands in a row. Kept: codes between 1 and 6 may be broken numbers, those
+/// above a series element's own code are shunts.
+ElementKind KindOf(double code);
+
 /// Builds the section of network row `row` (1 to 20) by its code. An unknown code calls no routine,
 /// so what stands in SecRe, SecIm repeats.
 void ElementSection(int row);

@@ -55,8 +55,18 @@ void PiezoConstants() try {
   ReportFailure("PiezoConstants", "CALCS");
 }
 
+formulas::LayerConstants<double> ConstantsOf(std::int16_t layer) {
+  const PiezoMaterial& matl = design.PZMatl(layer);
+  return {design.PZFa(layer),
+          design.PZCo(layer),
+          design.PZRp(layer),
+          design.PZM0(layer),
+          matl.Density * matl.Velocity * design.ElementArea,
+          static_cast<double>(design.PZPolarity(layer))};
+}
+
 void TPiezo(std::int16_t layer, Matrix& re, Matrix& im) try {
-  formulas::PiezoSection(layer, sweep.Freq, sweep.Omega, re, im);
+  formulas::PiezoSection(ConstantsOf(layer), sweep.Freq, sweep.Omega, re, im);
 } catch (...) {
   ReportFailure("TPiezo", "CALCS");
 }

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 
+#include "engine/section_formulas.h"
 #include "engine/two_port.h"
 
 namespace halvorne {
@@ -13,6 +14,9 @@ namespace halvorne {
 /// loss of 0) keeps its four old constants, and so do the layers behind it; box "ERROR in
 /// PiezoConstants of CALCS".
 void PiezoConstants();
+
+/// What TPiezo takes from the design for layer 1 or 2.
+formulas::LayerConstants<double> ConstantsOf(std::int16_t layer);
 
 /// Writes the electro-acoustic section of a layer at sweep.Freq, sweep.Omega: lossy clamped
 /// capacitance and motional reactance in series, then the ideal transformer to the layer's centre.

@@ -1,9 +1,7 @@
 #pragma once
 
 #include <cmath>
-#include <cstdint>
 
-#include "engine/design_model.h"
 #include "engine/two_port_formulas.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -36,7 +34,7 @@ LineTerms<Number> TermsOfLine(const Number& phase, const Number& nepers) {
 /// Kept: the dispersion factor stands in the C entry only, so the determinant is not 1 where it
 /// differs from 1.
 template <class Number>
-void LineSection(const LineTerms<Number>& line, double z, const Number& dispersion,
+void LineSection(const LineTerms<Number>& line, const Constant<Number>& z, const Number& dispersion,
                  MatrixOf<Number>& re, MatrixOf<Number>& im) {
   const auto& [c, s, ch, sh] = line;
   re(1, 1) = Finite(c * ch);
@@ -50,40 +48,52 @@ void LineSection(const LineTerms<Number>& line, double z, const Number& dispersi
   im(2, 2) = im(1, 1);
 }
 
-/// Section of an acoustic line at one frequency; arguments as those of Tline.
+/// (f / lossFreq)^lossExp, by which a loss at lossFreq grows with frequency.
 template <class Number>
-void AcousticLine(const Number& freq, const Number& omega, const Number& dispersion, double z,
-                  double delay, double loss, double lossFreq, float lossExp, MatrixOf<Number>& re,
-                  MatrixOf<Number>& im) {
+Number LossPower(const Number& freq, const Constant<Number>& lossFreq, double lossExp) {
   using std::pow;
-  const Number phase = FiniteQuotient(omega * delay, dispersion);
   const Number ratio = FiniteQuotient(freq, lossFreq);
-  const Number nepers = Finite(Finite(pow(ratio, static_cast<double>(lossExp))) * loss);
-  LineSection(TermsOfLine(phase, nepers), z, dispersion, re, im);
+  return Finite(pow(ratio, lossExp));
 }
+
+/// Terms of an acoustic line at one frequency; arguments as those of Tline. lossPower() yields the
+/// LossPower, which lines of one law share.
+template <class Number, class Power>
+LineTerms<Number> AcousticTerms(const Number& omega, const Number& dispersion,
+                                const Constant<Number>& delay, const Constant<Number>& loss,
+                                Power lossPower) {
+  const Number phase = FiniteQuotient(omega * delay, dispersion);
+  const Number nepers = Finite(lossPower() * loss);
+  return TermsOfLine(phase, nepers);
+}
+
+/// What the electro-acoustic section of a layer takes from the design.
+template <class Number>
+struct LayerConstants {
+  Number fa, co, rp, m0;  ///< those of PiezoConstants
+  Number z;               ///< characteristic impedance with the area, Rayl m^2
+  Number polarity;
+};
 
 /// Electro-acoustic section of a piezoelectric layer at one frequency.
 ///
 /// Krimholtz, Leedom, Matthaei, Electronics Letters 6 (1970) 398-399: lossy clamped capacitance
 /// and motional reactance in series, then a transformer to the centre of the layer's line.
 template <class Number>
-void PiezoSection(std::int16_t layer, const Number& freq, const Number& omega, MatrixOf<Number>& re,
-                  MatrixOf<Number>& im) {
+void PiezoSection(const LayerConstants<Number>& layer, const Number& freq, const Number& omega,
+                  MatrixOf<Number>& re, MatrixOf<Number>& im) {
   using std::sin;
-  const PiezoMaterial& matl = design.PZMatl(layer);
-  const double co = design.PZCo(layer);
-  const double rp = design.PZRp(layer);
+  const auto& [fa, co, rp, m0, z, polarity] = layer;
 
-  const Number x = FiniteQuotient(design.PZFa(layer), freq);
-  const Number halfPhase = FiniteQuotient(kPi, 2 * x);
+  const Number x = FiniteQuotient(fa, freq);
+  const Number halfPhase = FiniteQuotient(kPi, 2.0 * x);
   const Number fullPhase = FiniteQuotient(kPi, x);
-  const Number m = Finite(x * design.PZM0(layer));
-  const Number motional =
-      Finite(m * m * (matl.Density * matl.Velocity * design.ElementArea) * sin(fullPhase));
-  const Number phi = Finite(2 * m * sin(halfPhase));
-  const Number n = FiniteQuotient(static_cast<double>(design.PZPolarity(layer)), phi);
-  const double lossFigure = Finite(co * rp);
-  const Number rs = FiniteQuotient(rp, (lossFigure * lossFigure + 1) * omega);
+  const Number m = Finite(x * m0);
+  const Number motional = Finite(m * m * z * sin(fullPhase));
+  const Number phi = Finite(2.0 * m * sin(halfPhase));
+  const Number n = FiniteQuotient(polarity, phi);
+  const Number lossFigure = Finite(co * rp);
+  const Number rs = FiniteQuotient(rp, (lossFigure * lossFigure + 1.0) * omega);
 
   im(1, 1) = im(1, 2) = im(2, 1) = im(2, 2) = Number(0.0);
   re(1, 1) = FiniteQuotient(1.0, n);

@@ -29,10 +29,10 @@ bool AllFinite(const Matrix& re, const Matrix& im) {
 bool MultAtOnce() {
   const Matrix oldRe = sweep.MatRe;
   const Matrix oldIm = sweep.MatIm;
-  const Matrix term = formulas::Product(sweep.SecIm, oldRe);
-  const Matrix re = formulas::Sum(formulas::Product(sweep.SecRe, oldRe),
-                                  formulas::Product(sweep.SecIm, oldIm), -1.0);
-  const Matrix im = formulas::Sum(formulas::Product(sweep.SecRe, oldIm), term, 1.0);
+  Matrix re;
+  Matrix im;
+  Matrix term;
+  formulas::SectionTimes(sweep.SecRe, sweep.SecIm, oldRe, oldIm, re, im, term);
   if (!AllFinite(re, im)) [[unlikely]] {
     return false;
   }
@@ -98,10 +98,7 @@ void AryMult() try {
 }
 
 void CmplxUtil(const Complex& x, const Complex& y, Complex& p, double& xx, double& yy) try {
-  p.re = Finite(x.re * y.re + x.im * y.im);
-  p.im = Finite(y.re * x.im - x.re * y.im);
-  xx = Finite(formulas::SquaredSize(x.re, x.im));
-  yy = Finite(formulas::SquaredSize(y.re, y.im));
+  formulas::ConjugateProduct(x, y, p, xx, yy);
 } catch (...) {
   ReportFailure("CmplxUtil", "CALCS");
 }

@@ -12,10 +12,12 @@ namespace halvorne {
 using Matrix = Bounded2<double, 1, 2, 1, 2>;
 
 /// A complex number as the quotient routines take it.
-struct Complex {
-  double re = 0;
-  double im = 0;
+template <class Number>
+struct ComplexOf {
+  Number re = Number(0.0);
+  Number im = Number(0.0);
 };
+using Complex = ComplexOf<double>;
 
 /// The sweep's working point and working matrices.
 struct Sweep {

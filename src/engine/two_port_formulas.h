@@ -1,19 +1,25 @@
 #pragma once
 
 #include <cmath>
+#include <type_traits>
 
+#include "engine/two_port.h"
 #include "platform/bounded.h"
 #include "platform/failure.h"
 
 // The formulas of the two-port toolkit, written once for a number type: double for the named
-// procedures; a type that carries several frequency points needs the operators, Finite, Quotient
-// and the functions of <cmath> in its own namespace. Targets are written statement by statement,
-// so that one that fails leaves its target and those behind it as they were.
+// procedures, a pack of several frequency points for the sweep; a pack needs the operators, Finite,
+// Quotient and the functions of <cmath> in its own namespace. Targets are written statement by
+// statement, so that one that fails leaves its target and those behind it as they were.
 
 namespace halvorne::formulas {
 
 template <class Number>
 using MatrixOf = Bounded2<Number, 1, 2, 1, 2>;
+
+/// A value that is the same at all points; the number type is that of the other arguments.
+template <class Number>
+using Constant = std::type_identity_t<Number>;
 
 /// a / b as a statement: raises 11 when b is 0, 6 when b or the quotient is not finite (an
 /// overflowed divisor would pass unseen as a quotient of 0).
@@ -35,13 +41,25 @@ MatrixOf<Number> Product(const MatrixOf<Number>& a, const MatrixOf<Number>& b) {
 
 /// Unchecked a + k b.
 template <class Number>
-MatrixOf<Number> Sum(const MatrixOf<Number>& a, const MatrixOf<Number>& b, double k) {
+MatrixOf<Number> Sum(const MatrixOf<Number>& a, const MatrixOf<Number>& b,
+                     const Constant<Number>& k) {
   MatrixOf<Number> out;
   out(1, 1) = a(1, 1) + k * b(1, 1);
   out(1, 2) = a(1, 2) + k * b(1, 2);
   out(2, 1) = a(2, 1) + k * b(2, 1);
   out(2, 2) = a(2, 2) + k * b(2, 2);
   return out;
+}
+
+/// Unchecked complex product of a section and what stands right of it, in AryMult's four real ones;
+/// the last of them is left in term.
+template <class Number>
+void SectionTimes(const MatrixOf<Number>& secRe, const MatrixOf<Number>& secIm,
+                  const MatrixOf<Number>& oldRe, const MatrixOf<Number>& oldIm,
+                  MatrixOf<Number>& re, MatrixOf<Number>& im, MatrixOf<Number>& term) {
+  re = Sum(Product(secRe, oldRe), Product(secIm, oldIm), -1.0);
+  term = Product(secIm, oldRe);
+  im = Sum(Product(secRe, oldIm), term, 1.0);
 }
 
 /// (outRe + j outIm) = (aRe + j aIm)(bRe + j bIm) in four real products.
@@ -56,6 +74,16 @@ void ComplexProduct(const Number& aRe, const Number& aIm, const Number& bRe, con
 template <class Number>
 Number SquaredSize(const Number& re, const Number& im) {
   return re * re + im * im;
+}
+
+/// p = x conj(y), xx = |x|^2, yy = |y|^2.
+template <class Number>
+void ConjugateProduct(const ComplexOf<Number>& x, const ComplexOf<Number>& y, ComplexOf<Number>& p,
+                      Number& xx, Number& yy) {
+  p.re = Finite(x.re * y.re + x.im * y.im);
+  p.im = Finite(y.re * x.im - x.re * y.im);
+  xx = Finite(SquaredSize(x.re, x.im));
+  yy = Finite(SquaredSize(y.re, y.im));
 }
 
 /// 1/z of a complex entry by its conjugate. Raises 11 for a zero.
