@@ -4,6 +4,7 @@
 #include "bench_designs.h"
 #include "engine/design_model.h"
 #include "engine/frequency_sweep.h"
+#include "engine/instruction_sets.h"
 #include "platform/numbers.h"
 #include "quiet_program.h"
 #include "subjects.h"
@@ -92,6 +93,14 @@ void Sweep(benchmark::State& state) {
   CheckQuiet(state);
 }
 
+/// Sweeps by code for every processor of the architecture, whatever this one has.
+void BaselineSweep(benchmark::State& state) {
+  const InstructionSet* const widest = SweepInstructions();
+  SetSweepInstructions(InstructionSets().empty() ? nullptr : InstructionSets().front());
+  Sweep(state);
+  SetSweepInstructions(widest);
+}
+
 template <void (*kMake)(), void (*kWork)(benchmark::State&)>
 void With(benchmark::State& state) {
   kMake();
@@ -101,10 +110,14 @@ void With(benchmark::State& state) {
 }  // namespace
 
 std::vector<Row> SweepRows() {
-  return {{"sweep, largest", 4, 0.65, With<MakeLargestDesign, LibraryCalls>,
+  return {{"sweep, largest", 4, 0.5, With<MakeLargestDesign, LibraryCalls>,
            With<MakeLargestDesign, Sweep>},
-          {"sweep, typical", 4.5, 0.6, With<MakeTypicalDesign, LibraryCalls>,
-           With<MakeTypicalDesign, Sweep>}};
+          {"sweep, largest, baseline", 4, 1.2, With<MakeLargestDesign, LibraryCalls>,
+           With<MakeLargestDesign, BaselineSweep>},
+          {"sweep, typical", 4.5, 0.5, With<MakeTypicalDesign, LibraryCalls>,
+           With<MakeTypicalDesign, Sweep>},
+          {"sweep, typical, baseline", 4.5, 1.2, With<MakeTypicalDesign, LibraryCalls>,
+           With<MakeTypicalDesign, BaselineSweep>}};
 }
 
 }  // namespace halvorne::bench

@@ -7,6 +7,7 @@
 #include "engine/design_model.h"
 #include "engine/network_elements.h"
 #include "engine/piezo_section.h"
+#include "engine/points_ahead.h"
 #include "engine/sweep_formulas.h"
 #include "platform/clock.h"
 #include "platform/failure.h"
@@ -143,9 +144,11 @@ void MainCalc() try {
   const double step = FiniteQuotient(design.FreqStop - design.FreqStart, design.NoFreqPts);
   const Chain front = FrontChain();
   const Chain back = BackChain();
+  PointsAhead ahead(step);
   Terminated electrical;
   Terminated acoustic;
   for (sweep.FreqIndex = 0; sweep.FreqIndex <= design.NoFreqPts; ++sweep.FreqIndex) {
+    sweep.FreqIndex = ahead.Next(sweep.FreqIndex);
     sweep.Freq = Finite(sweep.FreqIndex * step + design.FreqStart);
     sweep.Omega = Finite(sweep.Freq * kTwoPi);
     RearBranch(back, electrical);

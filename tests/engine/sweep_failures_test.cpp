@@ -148,7 +148,8 @@ TEST_F(FailingSweep, AnElementWithoutValueIsReportedInItsNameAndTheSweepGoesOn) 
   const SweptCurves withElement = CurrentCurves();
   design.ElNet(1, 1) = 0;
   MainCalc();
-  ExpectSameCurves(withElement, CurrentCurves(), 0);
+  // Only points at which nothing fails are worked on several at a time.
+  ExpectSameCurves(withElement, CurrentCurves(), 1e-13);
 }
 
 /// A layer that neither radiates nor loses anything, with every real part exactly zero.
