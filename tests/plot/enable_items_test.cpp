@@ -1,8 +1,10 @@
 #include "plot/enable_items.h"
 
 #include <cmath>
+#include <functional>
 #include <gmock/gmock.h>
 
+#include "plot/measures.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
 #include "support/fresh_program.h"
@@ -142,6 +144,32 @@ TEST_F(EnableItemsTest, WithoutAWindowTheFailureIsReported) {
   EXPECT_THAT(shownMessages.Lines(),
               ElementsAre("ERROR in EnableItems of frmHalvorneMain|Error: 5. Invalid procedure "
                           "call or argument"));
+}
+
+struct Procedure {
+  const char* name;
+  const char* module;
+  std::function<void()> run;
+};
+
+TEST_F(EnableItemsTest, WithoutAWindowEachProcedureReportsUnderItsOwnName) {
+  const Procedure procedures[] = {
+      {"Recalc", "CALCS", Recalc},
+      {"InitGrids", "frmHalvorneMain", InitGrids},
+      {"DisplayCFBW", "frmHalvorneMain", DisplayCFBW},
+      {"DisplayPulseWidth", "frmHalvorneMain", DisplayPulseWidth},
+      {"PlotRepaint", "PLOTIT", PlotRepaint},
+      {"PlotType_Click", "frmHalvorneMain", PlotType_Click},
+  };
+  SetMainWindow(nullptr);
+  plot.DesignOpen = true;
+  for (const Procedure& procedure : procedures) {
+    shownMessages.Forget();
+    procedure.run();
+    EXPECT_THAT(shownMessages.Lines(),
+                ElementsAre(std::string("ERROR in ") + procedure.name + " of " + procedure.module +
+                            "|Error: 5. Invalid procedure call or argument"));
+  }
 }
 
 TEST_F(EnableItemsTest, RecalcSweepsUnderTheHourglassAndShowsThePlot) {

@@ -67,6 +67,10 @@ TEST_F(PhaseDelayTest, ExactlyHalfATurnFromTheForecastStays) {
   Convert(1);
   EXPECT_EQ(Phase(2), 180);
   EXPECT_EQ(Phase(3), 360) << "forecast 360, so 0 is a turn short";
+  SetPhases({0, 0, -180, 0, 540});
+  Convert(1);
+  EXPECT_EQ(Phase(2), -180);
+  EXPECT_EQ(Phase(3), -360) << "forecast -360, so 0 is a turn too far";
 }
 
 TEST_F(PhaseDelayTest, ALittleMoreThanHalfATurnFromTheForecastIsTakenBack) {

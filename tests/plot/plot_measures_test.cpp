@@ -9,6 +9,7 @@
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
 #include "support/fresh_program.h"
+#include "timedomain/sample_rate.h"
 
 namespace halvorne::testing {
 namespace {
@@ -157,6 +158,24 @@ TEST_F(PlotMeasures, ANewSpectrumHasItsFrequencyAxisAtOnce) {
   Select(33, 6);
   EXPECT_EQ(scale.FreqLowerText, "1.000");
   EXPECT_EQ(scale.FreqUpperText, "9.000");
+}
+
+TEST_F(PlotMeasures, TheBandOfASpectrumIsMeasuredAtLevelsOfAmplitudes) {
+  Select(33, 6);
+  EXPECT_EQ(measured.CFBWText[3][0], "-6");
+  EXPECT_EQ(measured.CFBWText[4][0], "-20");
+  EXPECT_EQ(measured.CFBWText[5][0], "-40");
+}
+
+TEST_F(PlotMeasures, TheLongestRecordIsMeasuredInEachForm) {
+  design.NoTimePts = 65536;
+  view.TimeWindowPercent = 10;
+  SampleRate();
+  for (int form = 0; form <= 8; ++form) {
+    Select(16, form);
+    EXPECT_TRUE(measured.PulseWidthValid) << form;
+  }
+  EXPECT_EQ(shownMessages.Lines(), std::vector<std::string>{});
 }
 
 TEST_F(PlotMeasures, AnotherFormTakesBackWhatTheFormBeforeItSet) {

@@ -8,6 +8,7 @@
 #include "platform/numbers.h"
 #include "platform/paths.h"
 #include "plot/catalogue.h"
+#include "plot/cursor.h"
 #include "plot/curves_by_formula.h"
 #include "plot/plot_state.h"
 #include "support/fresh_program.h"
@@ -259,6 +260,44 @@ TEST_F(PlotSelectTest, ACancelledWaveformLeavesGraphTitleAndForms) {
   EXPECT_FALSE(Drawn());
 }
 
+TEST_F(PlotSelectTest, ACancelledWaveformLeavesAPlotInItsFirstForm) {
+  Select(14);
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  Select(26);
+  EXPECT_EQ(window.PlotTypeIndex(), 0);
+  EXPECT_EQ(view.CurrentPlot, 14);
+}
+
+TEST_F(PlotSelectTest, ACancelledWaveformWithNothingOnShowStaysChosen) {
+  setup.PreviousPlot = 0;
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  Select(26);
+  EXPECT_EQ(shownMessages.Shown().size(), 1U);
+  EXPECT_EQ(view.CurrentPlot, 26);
+  EXPECT_EQ(window.PlotTypeIndex(), -1);
+  EXPECT_FALSE(Drawn());
+}
+
+TEST_F(PlotSelectTest, AnotherFormOfAnOutdatedWaveformAsksForThePresentOne) {
+  Select(16);
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  Select(16);
+  EXPECT_TRUE(plot.Outdated);
+  wave.ImpulseRe(5) = 77;
+  window.SetPlotTypeIndex(1);
+  EXPECT_EQ(shownMessages.Shown().size(), 2U);
+  EXPECT_EQ(window.PlotTypeIndex(), 0) << "refused once more";
+  EXPECT_TRUE(plot.Outdated);
+  EXPECT_EQ(wave.ImpulseRe(5), 77);
+  shownMessages.AnswerNext(MessageAnswer::kOk);
+  window.SetPlotTypeIndex(2);
+  EXPECT_EQ(shownMessages.Shown().size(), 3U);
+  EXPECT_EQ(window.PlotTypeIndex(), 2);
+  EXPECT_EQ(setup.PlotFormMemory(16), 2);
+  EXPECT_FALSE(plot.Outdated);
+  EXPECT_NE(wave.ImpulseRe(5), 77);
+}
+
 TEST_F(PlotSelectTest, AWaveformThatIsSelectedAgainAsksAgain) {
   Select(14);
   design.SampleRateHz = 2 * design.FreqStop * 0.99;
@@ -276,6 +315,32 @@ TEST_F(PlotSelectTest, ARedrawAsksNothingAndMakesNoWaveform) {
   EXPECT_EQ(shownMessages.Lines(), Lines{});
   EXPECT_EQ(wave.ImpulseRe(5), 77);
   EXPECT_TRUE(Drawn());
+}
+
+TEST_F(PlotSelectTest, ARedrawOfATimePlotDrawsItsTraceAndTurnsTheCursorOff) {
+  Select(16);
+  ASSERT_EQ(window.PlotTypeIndex(), 0);
+  Cursor1_Click();
+  ASSERT_TRUE(measured.CursorOn);
+  window.OwnPicture().Forget();
+  PlotRedraw();
+  EXPECT_FALSE(measured.CursorOn);
+  EXPECT_TRUE(std::ranges::any_of(window.OwnPicture().Operations(), [](const auto& operation) {
+    return operation.kind == DrawnOperation::Kind::kPolyline && operation.points.size() > 10;
+  }));
+  EXPECT_NE(window.GraphDescription(), "No plot");
+}
+
+TEST_F(PlotSelectTest, ARedrawOfATimePlotWithoutFormsDrawsEmptyAxes) {
+  Select(16);
+  window.ClearPlotTypes();
+  window.OwnPicture().Forget();
+  PlotRedraw();
+  EXPECT_TRUE(Drawn());
+  EXPECT_TRUE(std::ranges::none_of(window.OwnPicture().Operations(), [](const auto& operation) {
+    return operation.kind == DrawnOperation::Kind::kPolyline;
+  }));
+  EXPECT_EQ(window.GraphDescription(), "No plot");
 }
 
 TEST_F(PlotSelectTest, ARedrawOfAFrequencyPlotSelectsIt) {

@@ -199,5 +199,9 @@ TEST_F(GraphData, TheLongestTableIsLinear) {
   EXPECT_LT(timeOf(65536), 64 * few);
 }
 
+TEST_F(GraphData, TheTextOfTheFileIsWhatIsSaved) {
+  EXPECT_EQ(GraphDataFileText(), Saved());
+}
+
 }  // namespace
 }  // namespace halvorne::testing
