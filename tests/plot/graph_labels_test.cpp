@@ -312,6 +312,26 @@ TEST_F(GraphLabels, WithoutAnExcitationTheTagIsTheUnit) {
   EXPECT_EQ(std::ranges::count(texts, "MPa"), 2);
 }
 
+TEST_F(GraphLabels, WithoutAWindowEachRoutineReportsItsOwnFailure) {
+  ShowLabelled(16, 0);
+  HeadlessSurface surface;
+  SetMainWindow(nullptr);
+  AxisLabelOn(surface, 1);
+  const std::string words = " of PLOTIT|Error: 5. Invalid procedure call or argument";
+  EXPECT_EQ(shownMessages.Lines(), (std::vector<std::string>{"ERROR in GetAmplLabels" + words,
+                                                             "ERROR in AxisLabelOn" + words}));
+}
+
+TEST_F(GraphLabels, ATextWiderThanAnyNumberHasNoMiddle) {
+  HeadlessSurface surface;
+  surface.Scale(0, 1, 1e41, 0);
+  float start = 7;
+  CenterIt(surface, "x", 0, start);
+  EXPECT_EQ(start, 7);
+  EXPECT_EQ(shownMessages.Lines(),
+            std::vector<std::string>{"ERROR in CenterIt of PLOTIT|Error: 6. Overflow"});
+}
+
 TEST_F(GraphLabels, AFailureIsReportedByTheRoutineOfThePane) {
   ShowLabelled(17, 0);
   design.ExciteType = 1;

@@ -278,6 +278,17 @@ TEST_F(PlotSelectTest, ACancelledWaveformWithNothingOnShowStaysChosen) {
   EXPECT_FALSE(Drawn());
 }
 
+TEST_F(PlotSelectTest, ACancelledWaveformOverAnEmptyListStaysChosen) {
+  design.NoFace = 0;
+  Select(51);
+  ASSERT_EQ(window.PlotTypeIndex(), -1);
+  shownMessages.Forget();
+  design.SampleRateHz = 2 * design.FreqStop * 0.99;
+  Select(26);
+  EXPECT_EQ(shownMessages.Shown().size(), 1U);
+  EXPECT_EQ(view.CurrentPlot, 26);
+}
+
 TEST_F(PlotSelectTest, AnotherFormOfAnOutdatedWaveformAsksForThePresentOne) {
   Select(16);
   design.SampleRateHz = 2 * design.FreqStop * 0.99;
@@ -333,9 +344,11 @@ TEST_F(PlotSelectTest, ARedrawOfATimePlotDrawsItsTraceAndTurnsTheCursorOff) {
 
 TEST_F(PlotSelectTest, ARedrawOfATimePlotWithoutFormsDrawsEmptyAxes) {
   Select(16);
+  Cursor1_Click();
   window.ClearPlotTypes();
   window.OwnPicture().Forget();
   PlotRedraw();
+  EXPECT_FALSE(measured.CursorOn);
   EXPECT_TRUE(Drawn());
   EXPECT_TRUE(std::ranges::none_of(window.OwnPicture().Operations(), [](const auto& operation) {
     return operation.kind == DrawnOperation::Kind::kPolyline;

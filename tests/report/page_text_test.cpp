@@ -108,6 +108,9 @@ TEST_F(PageText, RunsUpToTheRightEdgeAndNoFurther) {
   At(paper, 9);
   PutLines(paper, std::string(60, 'x') + "\r\n" + std::string(600, 'y'));
   EXPECT_EQ(paper.Operations().back().text, std::string(50, 'x') + "\r\n" + std::string(506, 'y'));
+  At(paper, 9);
+  PutLines(paper, "first\r\nsecond\r\nthird");
+  EXPECT_EQ(paper.Operations().back().text, "first\r\nsecond\r\nthird");
 }
 
 // The file's line has room for 200 characters before the date, of which 11 are words and one is the

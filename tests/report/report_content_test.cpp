@@ -201,7 +201,7 @@ TEST_F(ReportContent, PlatesOfOneSideHaveTheirOwnHeading) {
   design.NoFace = 1;
   design.NoBack = 0;
   Print();
-  EXPECT_TRUE(HasText("No Backplates"));
+  EXPECT_EQ(LinesFrom("No Backplates", 1), Texts{"0.15|No Backplates"});
   EXPECT_FALSE(HasText("BACKPLATES"));
 }
 
