@@ -97,6 +97,16 @@ TEST_F(PageText, ATitleOfVeryManyLinesGoesOnOnNewPages) {
   EXPECT_EQ(characters, 204U * 490U);
 }
 
+TEST_F(PageText, ATitleExactlyAsWideAsItsLineIsNotParted) {
+  paper.Scale(0, 10, 8, 0);  // 1/64 unit a character, which no sum rounds
+  paper.SetFontSize(7.8125);
+  report.ReportTab(1) = 2;
+  const std::string title(512, 'x');
+  ASSERT_EQ(paper.TextWidth(title), kPageRight - 2);
+  EXPECT_EQ(Title(title).size(), 1U);
+  EXPECT_EQ(Title(title + 'x').size(), 2U);
+}
+
 TEST_F(PageText, RunsUpToTheRightEdgeAndNoFurther) {
   paper.SetFontSize(7.9);  // 0.01975 a character: 50 from 9 on, 506 on a line
   At(paper, 9);

@@ -191,6 +191,15 @@ TEST_F(ReportContent, AnExcitationFileIsNamed) {
   EXPECT_EQ(LinesFrom("EXCITATION", 1), Texts{"0|EXCITATION WAVEFORM:  "});
 }
 
+TEST_F(ReportContent, StartsAtItsOwnTabStopsWhateverStoodBefore) {
+  for (int stop = 0; stop <= 2; ++stop) {
+    report.ReportTab(stop) = 7;
+  }
+  paper.Forget();
+  PrintParasOn(paper);
+  EXPECT_EQ(LinesFrom("HALVORNE", 1)[0].substr(0, 27), "0|HALVORNE INPUT PARAMETERS");
+}
+
 TEST_F(ReportContent, PlatesOfOneSideHaveTheirOwnHeading) {
   design.NoFace = 0;
   Print();
