@@ -4,7 +4,7 @@
 #include <QRadioButton>
 #include <cstdint>
 
-#include "dialogs/element_fields.h"
+#include "engine/element_fields.h"
 #include "platform/qt/modal_dialog.h"
 
 class QGroupBox;

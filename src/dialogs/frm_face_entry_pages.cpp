@@ -8,6 +8,7 @@
 #include "dialogs/frm_face_entry.h"
 #include "dialogs/large_dialog_layout.h"
 #include "dialogs/material_browsers.h"
+#include "engine/material_numbers.h"
 
 // How the window of the plates looks; what it does stands in frm_face_entry.cpp.
 
@@ -18,18 +19,33 @@ std::vector<MaterialField<AcousticMaterial>> AcousticFields() {
   using Matl = AcousticMaterial;
   return {
       {&Matl::Name, "txtAcMatlName", "Material name"},
-      {&Matl::Velocity, "txtAcLongVel", "Longitudinal velocity", "m/sec", "###0.0"},
+      {&Matl::Velocity, "txtAcLongVel", kVelocityNumber.caption, kVelocityNumber.unit, "###0.0"},
       {&Matl::ShearVelocity, "txtAcShearVel", "Shear velocity", "m/sec", "###0.0"},
-      {&Matl::Density, "txtAcDensity", "Density", "kg/m^3", "###0.0", {1, "1", 100000, "100000"}},
-      {&Matl::Loss, "txtAcLoss", "Loss", "dB/cm", "###0.00", {0, "0.00", 1000, "1000.00"}},
+      {&Matl::Density,
+       "txtAcDensity",
+       kDensityNumber.caption,
+       kDensityNumber.unit,
+       "###0.0",
+       {kDensityNumber.lowest, "1", kDensityNumber.highest, "100000"}},
+      {&Matl::Loss,
+       "txtAcLoss",
+       kLossNumber.caption,
+       kLossNumber.unit,
+       "###0.00",
+       {kLossNumber.lowest, "0.00", kLossNumber.highest, "1000.00"}},
       {&Matl::LossFreq,
        "txtAcLossFreq",
-       "Loss frequency",
-       "MHz",
+       kLossFreqNumber.caption,
+       kLossFreqNumber.unit,
        "#0.0000",
-       {0, "0.0000", 100000, "100000.0000"},
+       {kLossFreqNumber.lowest, "0.0000", kLossFreqNumber.highest, "100000.0000"},
        "lblLossFreqUnit"},
-      {&Matl::LossExp, "txtAcLossExp", "Loss exponent", "", "#0.0000", {0, "0.0000", 5, "5.0000"}},
+      {&Matl::LossExp,
+       "txtAcLossExp",
+       kLossExpNumber.caption,
+       kLossExpNumber.unit,
+       "#0.0000",
+       {kLossExpNumber.lowest, "0.0000", kLossExpNumber.highest, "5.0000"}},
       {&Matl::Vendor, "txtAcVendor", "Vendor"},
       {&Matl::Formula, "txtAcFormula", "Formula"},
       {&Matl::Comments, "txtAcComments", "Comments"},

@@ -7,6 +7,7 @@
 #include "dialogs/frm_piezo_entry.h"
 #include "dialogs/large_dialog_layout.h"
 #include "dialogs/material_browsers.h"
+#include "engine/material_numbers.h"
 
 // How the window of the piezoelectric layers looks; what it does stands in frm_piezo_entry.cpp.
 
@@ -17,34 +18,39 @@ std::vector<MaterialField<PiezoMaterial>> PiezoFields() {
   using Matl = PiezoMaterial;
   return {
       {&Matl::Name, "txtPZMatlName", "Material name"},
-      {&Matl::Velocity, "txtPZLongVel", "Longitudinal velocity", "m/sec", "###0"},
+      {&Matl::Velocity, "txtPZLongVel", kVelocityNumber.caption, kVelocityNumber.unit, "###0"},
       {&Matl::ShearVelocity, "txtPZShearVel", "Shear velocity", "m/sec", "###0"},
-      {&Matl::Density, "txtPZDensity", "Density", "kg/m^3", "###0", {1, "1", 100000, "100000"}},
+      {&Matl::Density,
+       "txtPZDensity",
+       kDensityNumber.caption,
+       kDensityNumber.unit,
+       "###0",
+       {kDensityNumber.lowest, "1", kDensityNumber.highest, "100000"}},
       {&Matl::Ks,
        "txtPZDielConst",
-       "Clamped dielectric constant",
-       "",
+       kKsNumber.caption,
+       kKsNumber.unit,
        "###0.00",
-       {1, "1.00", 1000000, "1000000.00"}},
+       {kKsNumber.lowest, "1.00", kKsNumber.highest, "1000000.00"}},
       {&Matl::Kt,
        "txtPZCoupling",
-       "Coupling coefficient kt",
-       "",
+       kKtNumber.caption,
+       kKtNumber.unit,
        "0.0000",
-       {0, "0.0000", 0.9999, "0.9999"}},
+       {kKtNumber.lowest, "0.0000", kKtNumber.highest, "0.9999"}},
       // Kept: the corrections of the two tangents differ in their number of decimals.
       {&Matl::TanDe,
        "txtPZTanDe",
-       "Electrical loss tangent",
-       "",
+       kTanDeNumber.caption,
+       kTanDeNumber.unit,
        "0.00000",
-       {0, "0.00000", 1, "1.00000"}},
+       {kTanDeNumber.lowest, "0.00000", kTanDeNumber.highest, "1.00000"}},
       {&Matl::TanDm,
        "txtPZTanDm",
-       "Mechanical loss tangent",
-       "",
+       kTanDmNumber.caption,
+       kTanDmNumber.unit,
        "0.00000",
-       {0, "0.0000", 1, "1.0000"}},
+       {kTanDmNumber.lowest, "0.0000", kTanDmNumber.highest, "1.0000"}},
       {&Matl::Vendor, "txtPZVendor", "Vendor"},
       {&Matl::DataSource, "txtPZDataSource", "Data source"},
   };

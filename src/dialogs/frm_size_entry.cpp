@@ -5,44 +5,14 @@
 #include <QHBoxLayout>
 #include <QVBoxLayout>
 #include <cmath>
-#include <utility>
 
 #include "engine/design_model.h"
+#include "engine/element_size.h"
 #include "engine/piezo_section.h"
 #include "platform/number_text.h"
-#include "platform/numbers.h"
 #include "plot/plot_select.h"
 
 namespace halvorne {
-namespace {
-
-constexpr std::int16_t kCircle = 1;
-constexpr std::int16_t kAnnulus = 2;
-constexpr std::int16_t kRectangle = 3;
-
-/// Area, m^2, and words of the element from its shape and dimensions.
-void TakeArea() {
-  const double dim1 = design.ElementDim1;
-  const double dim2 = design.ElementDim2;
-  switch (design.ElementShape) {
-    case kCircle:
-      design.ElementArea = Finite(kPi * std::pow(dim1 / 2000, 2));
-      design.ElementSizeText = NumberText(dim1) + " mm disk";
-      break;
-    case kAnnulus:
-      design.ElementArea = Finite(kPi * (std::pow(dim1 / 2000, 2) - std::pow(dim2 / 2000, 2)));
-      design.ElementSizeText = NumberText(dim2) + " x" + SpacedNumberText(dim1) + " mm annulus";
-      break;
-    case kRectangle:
-      design.ElementArea = Finite(dim2 * dim1 / 1000000);
-      design.ElementSizeText = NumberText(dim1) + " x" + SpacedNumberText(dim2) + " mm rect. bar";
-      break;
-    default:
-      break;
-  }
-}
-
-}  // namespace
 
 frmSizeEntry::frmSizeEntry(QWidget* parent)
     : ModalDialog("frmSizeEntry", QStringLiteral("Element Size and Shape"), parent) {
@@ -103,7 +73,7 @@ frmSizeEntry::frmSizeEntry(QWidget* parent)
 void frmSizeEntry::Form_Load() try {
   Centre();
   switch (design.ElementShape) {
-    case kCircle:
+    case kDisk:
       optCircle->setChecked(true);
       break;
     case kAnnulus:
@@ -123,30 +93,29 @@ void frmSizeEntry::Form_Load() try {
   ReportFailure("Form_Load", "frmSizeEntry");
 }
 
-void frmSizeEntry::ChooseShape(std::int16_t chosen, const char* caption1, const char* caption2) {
+void frmSizeEntry::ChooseShape(std::int16_t chosen) {
   shape = chosen;
-  lblPiezoDim1->setText(QString::fromLatin1(caption1));
-  lblPiezoDim2->setText(QString::fromLatin1(caption2));
-  const bool second = chosen != kCircle;
+  const auto captions = DimensionCaptions(chosen);
+  lblPiezoDim1->setText(QString::fromLatin1(captions[0]));
+  lblPiezoDim2->setText(QString::fromLatin1(captions[1]));
+  const bool second = chosen != kDisk;
   lblPiezoDim2->setVisible(second);
   txtPiezoDim2->setVisible(second);
   lblPiezoUnit2->setVisible(second);
 }
 
 void frmSizeEntry::optCircle_Click() try {
-  ChooseShape(kCircle, "Diameter", "");
+  ChooseShape(kDisk);
   txtPiezoDim2->clear();
 } catch (...) {
   ReportFailure("optCircle_Click", "frmSizeEntry");
 }
 
-void frmSizeEntry::optAnnulus_Click() try {
-  ChooseShape(kAnnulus, "Outer Diameter", "Inner Diameter");
-} catch (...) {
+void frmSizeEntry::optAnnulus_Click() try { ChooseShape(kAnnulus); } catch (...) {
   ReportFailure("optAnnulus_Click", "frmSizeEntry");
 }
 
-void frmSizeEntry::optRect_Click() try { ChooseShape(kRectangle, "Length", "Width"); } catch (...) {
+void frmSizeEntry::optRect_Click() try { ChooseShape(kRectangle); } catch (...) {
   ReportFailure("optRect_Click", "frmSizeEntry");
 }
 
@@ -154,13 +123,7 @@ void frmSizeEntry::cmdSizeOK_Click() try {
   design.ElementShape = shape;
   design.ElementDim1 = std::fabs(BoxValue(txtPiezoDim1));
   design.ElementDim2 = std::fabs(BoxValue(txtPiezoDim2));
-  if (shape == kAnnulus && design.ElementDim1 < design.ElementDim2) {
-    std::swap(design.ElementDim1, design.ElementDim2);
-  }
-  TakeArea();
-  if (design.ElementArea == 0) {
-    design.ElementArea = 1E-20;  // an empty or degenerate element stays computable
-  }
+  TakeElementSize();
   PiezoConstants();
   Recalc();
   Unload();

@@ -23,7 +23,7 @@ class frmSizeEntry final : public ModalDialog {
   void cmdSizeCancel_Click();
 
   /// Sets the dialog's shape with its captions and the visibility of the second box.
-  void ChooseShape(std::int16_t chosen, const char* caption1, const char* caption2);
+  void ChooseShape(std::int16_t chosen);
 
   std::int16_t shape = 0;
   QRadioButton *optCircle, *optAnnulus, *optRect;

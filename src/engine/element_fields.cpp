@@ -1,4 +1,4 @@
-#include "dialogs/element_fields.h"
+#include "engine/element_fields.h"
 
 #include "platform/bounded.h"
 
