@@ -190,6 +190,25 @@ void PlotSelect(std::int16_t plotNumber) try {
   ReportFailure("PlotSelect", "PLOTIT");
 }
 
+void PlotAgain() try {
+  const CataloguePlot* const row = FindPlot(view.CurrentPlot);
+  if (row == nullptr || mainWindow().PlotTypeIndex() < 0) {
+    return;
+  }
+  if (measured.CursorOn) {
+    Cursor1_Click();
+  }
+  plot.DualTrace = true;
+  plot.SpectrumShown = false;
+  plot.Outdated = !Gather(*row);
+  if (!plot.Outdated) {
+    PlotConvertDataType(view.CurrentPlot);
+    mainWindow().RefreshWindow();
+  }
+} catch (...) {
+  ReportFailure("PlotAgain", "PLOTIT");
+}
+
 void PlotRedraw() try {
   if (!IsTimePlot(view.CurrentPlot)) {
     PlotSelect(view.CurrentPlot);

@@ -17,6 +17,10 @@ void PlotRedraw();
 /// curves has changed; the cursor comes back to its point.
 void PlotRepaint();
 
+/// Makes the plot on show anew from the design and its curves, in the form on show: as a selection
+/// does, but nothing is chosen, remembered or written.
+void PlotAgain();
+
 /// The selection event of PlotType: remembers the form, writes the setup file, converts and draws.
 /// Another form of an outdated waveform selects the plot again.
 void PlotType_Click();
@@ -32,5 +36,8 @@ void PlotConvertDataType(std::int16_t plotNumber);
 
 /// New calculation and redraw: PrelimCalc, MainCalc, DesignNew, ClearCursor, PlotSelect.
 void Recalc();
+
+/// As Recalc(), for a plot that follows a number while it is being moved: PlotAgain() shows it.
+void RecalcOnShow();
 
 }  // namespace halvorne

@@ -6,17 +6,31 @@
 #include "plot/plot_state.h"
 
 namespace halvorne {
+namespace {
+
+constexpr std::int32_t kNeverSaved = 65535;
+
+}  // namespace
 
 void Recalc() try {
   mainWindow().SetMousePointer(kBusyPointer);
   PrelimCalc();
   MainCalc();
   mainWindow().SetMousePointer(kNormalPointer);
-  design.DesignNew = 65535;
+  design.DesignNew = kNeverSaved;
   ClearCursor();
   PlotSelect(view.CurrentPlot);
 } catch (...) {
   ReportFailure("Recalc", "CALCS");
+}
+
+void RecalcOnShow() try {
+  PrelimCalc();
+  MainCalc();
+  design.DesignNew = kNeverSaved;
+  PlotAgain();
+} catch (...) {
+  ReportFailure("RecalcOnShow", "CALCS");
 }
 
 }  // namespace halvorne
