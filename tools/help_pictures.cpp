@@ -69,6 +69,7 @@ class Pictures {
     TakePlots();
     TakeWindows();
     TakeStack();
+    TakeTuning();
     TakeTutorial();
     SetMessages(nullptr);
     return !boxes.failed && saved_;
@@ -153,6 +154,14 @@ class Pictures {
     Save(window_->findChild<QWidget*>(QStringLiteral("picStack"))->grab(),
          QStringLiteral("picStack"));
     window_->resize(size);
+  }
+
+  void TakeTuning() {
+    window_->findChild<QAction*>(QStringLiteral("mnuGraphTune"))->trigger();
+    QApplication::processEvents();
+    auto* const shown = window_->findChild<QWidget*>(QStringLiteral("frmTune"));
+    Save(shown->grab(), QStringLiteral("frmTune"));
+    shown->close();
   }
 
   void TakeTutorialStep(const char* step) {

@@ -65,6 +65,7 @@ void frmHalvorneMain::FileOpen() try {
 }
 
 void frmHalvorneMain::OpenDesign(const std::string& fileName) try {
+  EndTuning();
   design.DataFileName = fileName;
   ReadDesignFile(design.DataFileName);
   // Kept: after a failed read the window shows an open design with what was read so far.
@@ -125,6 +126,7 @@ void frmHalvorneMain::mnuFileArray_Click(int index) try {
   if (index < 0) {
     return;
   }
+  EndTuning();
   design.DataFileName = fileArray_.at(static_cast<std::size_t>(index));
   // Kept: the folder stands before the name even when that holds a path, which then is not found.
   const std::string& name = design.DataFileName;

@@ -138,6 +138,7 @@ void frmHalvorneMain::EndProgram() try { QCoreApplication::exit(0); } catch (...
 
 void frmHalvorneMain::closeEvent(QCloseEvent* event) {
   const Command command;
+  EndTuning();
   UnloadForm("frmHelp");  // the program does not go on for the help alone
   Form_QueryUnload(event->spontaneous() ? 0 : 1);
   event->accept();

@@ -153,6 +153,10 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void DoUnLoadPreCheck(int unloadMode);
   void EndProgram();
   void PrepareFileDialog(const char* title);
+  void mnuGraphTune_Click();
+  /// Puts the design back that numbers are being tried on. Precedes what opens a dialog or another
+  /// design.
+  static void EndTuning();
   /// Opens the graph's menu where the keyboard asks for it: in the middle of the graph.
   void OpenGraphMenu();
 

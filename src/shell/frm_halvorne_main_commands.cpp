@@ -179,6 +179,7 @@ void frmHalvorneMain::mnuHelpItem_Click(int index) try {
 
 void frmHalvorneMain::Picture1_DblClick() try {
   if (plot.DesignOpen) {
+    EndTuning();
     frmPlotScaleEntry(this).exec();
   }
 } catch (...) {
@@ -194,6 +195,7 @@ void frmHalvorneMain::Picture2_Click() try {
 }
 
 void frmHalvorneMain::fraAtten_DblClick(const std::string& control) try {
+  EndTuning();
   frmDisplayOpt(this).exec();
 } catch (...) {
   ReportFailure((control + "_DblClick").c_str(), "frmHalvorneMain");

@@ -1,4 +1,7 @@
+#include "platform/failure.h"
+#include "platform/qt/forms.h"
 #include "shell/frm_halvorne_main.h"
+#include "shell/frm_tune.h"
 #include "shell/graph_menu.h"
 #include "shell/hold_items.h"
 
@@ -10,6 +13,26 @@ void frmHalvorneMain::MakeGraphMenu() {
   mnuGraph = new GraphMenu(this, [this] { LeaveTitleBox(); });
   // Within a group the entries stand in the order in which they are added here.
   AddHoldItems(*mnuGraph);
+  mnuGraph->Add({.group = GraphGroup::kTune,
+                 .name = "mnuGraphTune",
+                 .caption = QStringLiteral("&Tune..."),
+                 .procedure = [this] { mnuGraphTune_Click(); }});
+}
+
+void frmHalvorneMain::mnuGraphTune_Click() try {
+  auto* window = findChild<QDialog*>(QStringLiteral("frmTune"));
+  if (window == nullptr || !window->isVisible()) {
+    window = new frmTune(this);
+    window->show();
+  }
+  window->raise();
+  window->activateWindow();
+} catch (...) {
+  ReportFailure("mnuGraphTune_Click", "frmHalvorneMain");
+}
+
+void frmHalvorneMain::EndTuning() {
+  UnloadForm("frmTune");
 }
 
 void frmHalvorneMain::OpenGraphMenu() {

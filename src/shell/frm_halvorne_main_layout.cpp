@@ -1,4 +1,5 @@
 #include <QAction>
+#include <QDialog>
 #include <QFontInfo>
 #include <QFontMetrics>
 #include <QMenu>
@@ -8,6 +9,7 @@
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <string_view>
 #include <utility>
 
 #include "platform/qt/drawing_surface.h"
@@ -67,6 +69,12 @@ class PlainMenu final : public QMenu {
   }
 };
 
+/// What only looks at the plot goes together with numbers that are being tried.
+bool EndsTuning(const MenuRow& row) {
+  const std::string_view name(row.name);
+  return row.plot == 0 && !name.starts_with("mnuEditCopy") && !name.starts_with("mnuHelp");
+}
+
 /// The smallest graph whose axis texts are whole and apart.
 QSize SmallestGraph() {
   const QFontMetrics letters(PictureFont());
@@ -91,9 +99,12 @@ QAction* frmHalvorneMain::MakeMenuItem(const MenuRow& row) {
   item->setSeparator(item->text() == QStringLiteral("-"));
   item->setShortcut(QKeySequence(QLatin1String(row.shortcut)));
   if (const Procedure procedure = ProcedureOf(row)) {
-    connect(item, &QAction::triggered, this, [this, procedure] {
+    connect(item, &QAction::triggered, this, [this, procedure, ends = EndsTuning(row)] {
       const Command command;
       LeaveTitleBox();
+      if (ends) {
+        EndTuning();
+      }
       procedure();
     });
   }
@@ -240,8 +251,12 @@ void frmHalvorneMain::ConnectControls() {
   };
   for (std::size_t i = 0; i < toolbar.size(); ++i) {
     on(static_cast<QToolButton*>(toolbar_[i]), &QToolButton::clicked,
-       [this, procedure = toolbar[i]] {
+       [this, procedure = toolbar[i],
+        looksOnly = std::string_view(kToolbar[i].name).starts_with("cmdCopy")] {
          LeaveTitleBox();
+         if (!looksOnly) {
+           EndTuning();
+         }
          procedure();
        });
   }
@@ -317,6 +332,7 @@ frmHalvorneMain::frmHalvorneMain() {
 }
 
 frmHalvorneMain::~frmHalvorneMain() {
+  delete findChild<QDialog*>(QStringLiteral("frmTune"));  // while there is a window to show it on
   SetMainWindow(nullptr);
 }
 

@@ -39,6 +39,7 @@ void frmHalvorneMain::PlaceStack() {
 
 void frmHalvorneMain::picStack_DblClick(const StackPart& part) try {
   LeaveTitleBox();
+  EndTuning();
   switch (part.kind) {
     case StackKind::kPiezo:
       EnterPiezoLayers(this, part.number);
