@@ -114,6 +114,21 @@ TEST(DenseTrace, LooksLikeAllItsPointsButForSingleDotsAtTheTips) {
   }
 }
 
+TEST(DenseTrace, IsPaintedAsThePainterPaintsItsThinnedLine) {
+  for (const auto value : {Noise, Burst, Chirp}) {
+    const auto trace = TraceOf(65536, value);
+    QImage page = WhitePage();
+    {
+      QPainter painter(&page);
+      QPen pen(Qt::black, 1);
+      pen.setCapStyle(Qt::SquareCap);
+      painter.setPen(pen);
+      painter.drawPolyline(ThinTrace(trace, kAcross, kDown, 1));
+    }
+    EXPECT_EQ(OnSurface(trace), page);
+  }
+}
+
 TEST(ThinTrace, KeepsFirstLowestHighestAndLastOfAColumn) {
   const std::vector<Point> trace{{0.1, 5}, {0.2, 1}, {0.3, 4}, {0.4, 9}, {0.5, 3}, {1.5, 2}};
   const QPolygonF line = ThinTrace(trace, {1, 0}, {1, 0}, 1);

@@ -5,6 +5,7 @@
 #include <cmath>
 
 #include "platform/failure.h"
+#include "platform/qt/pixel_pen.h"
 #include "platform/qt/text.h"
 
 namespace halvorne {
@@ -179,9 +180,15 @@ void DrawingSurface::PaintDense(QPainter& painter, const QPolygonF& line, QPen p
   painter.setRenderHint(QPainter::Antialiasing, false);
   painter.setClipRect(QRectF({0, 0}, canvas_.size));  // else each segment is clipped on its own
   painter.setPen(pen);
+  const bool onImage =
+      painter.device()->devType() == QInternal::Image && pen.style() == Qt::SolidLine;
   for (int right = 0; right < width; ++right) {
     for (int down = 0; down < width; ++down) {
-      painter.drawPolyline(line.translated(right, down));
+      const QPolygonF moved = line.translated(right, down);
+      if (!onImage ||
+          !PaintWithPixelPen(*static_cast<QImage*>(painter.device()), moved, pen.color().rgb())) {
+        painter.drawPolyline(moved);
+      }
     }
   }
 }

@@ -56,12 +56,13 @@ QPolygonF ThinTrace(std::span<const Point> points, AxisMap x, AxisMap y, double 
   ColumnRun run = StartRun(columnOf(start), start);
   for (const Point& point : points.subspan(1)) {
     const QPointF next = mapped(point);
-    const double column = columnOf(next);
-    if (column == run.column) {
+    // Within the column, without the rounding itself, which is a call on old processors.
+    const double place = next.x() * columnsPerUnit - run.column;
+    if (place >= 0 && place < 1) {
       Extend(run, next);
     } else {
       AppendRun(run, line);
-      run = StartRun(column, next);
+      run = StartRun(columnOf(next), next);
     }
   }
   AppendRun(run, line);
