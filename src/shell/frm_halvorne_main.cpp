@@ -157,6 +157,23 @@ void frmHalvorneMain::showEvent(QShowEvent* event) {
 
 void frmHalvorneMain::resizeEvent(QResizeEvent* event) {
   QMainWindow::resizeEvent(event);
+  if (!event->spontaneous()) {
+    TakeSize();
+  } else if (!sizeWaits_) {
+    // The mouse sends sizes faster than anybody sees them: of those that have come by the time the
+    // events are worked off, the last one is drawn.
+    sizeWaits_ = true;
+    QMetaObject::invokeMethod(
+        this,
+        [this] {
+          sizeWaits_ = false;
+          TakeSize();
+        },
+        Qt::QueuedConnection);
+  }
+}
+
+void frmHalvorneMain::TakeSize() {
   if (resizing_) {
     return;  // a box that the redraw shows lets events in; the redraw itself ends with this size
   }

@@ -110,6 +110,8 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void PlaceControls(const QRect& picture, int scrollTop, int titleTop);
   /// Shows the stack below the measurements while a design is open and there is room for it.
   void PlaceStack();
+  /// Lays the window out for the size that it has, and draws the plot anew.
+  void TakeSize();
   int CursorButtonWidth() const;
 
   /// Gives a control its name and makes it known to SetEnabled.
@@ -164,6 +166,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   std::string caption_;
   std::vector<std::string> fileArray_{"-"};  ///< captions of mnuFileArray
   bool resizing_ = false;
+  bool sizeWaits_ = false;  ///< a size from the mouse is still to be taken
   bool screenWatched_ = false;
 
   HelpKey helpKey_;

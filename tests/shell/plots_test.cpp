@@ -1,9 +1,12 @@
 #include <QAction>
 #include <QApplication>
 #include <QTest>
+#include <QWindow>
 #include <gmock/gmock.h>
+#include <set>
 
 #include "engine/design_model.h"
+#include "platform/qt/picture_box.h"
 #include "plot/catalogue.h"
 #include "plot/graph.h"
 #include "plot/plot_state.h"
@@ -15,6 +18,8 @@ namespace halvorne::testing {
 namespace {
 
 using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 class Plots : public WindowTest {
  protected:
@@ -217,6 +222,27 @@ TEST_F(Plots, AreDrawnAnewWhenTheWindowChangesItsSize) {
   main->resize(main->width() + 60, main->height() + 10);
   EXPECT_NE(Screen().size(), before.size());
   EXPECT_EQ(Screen(), CorePicture());
+}
+
+TEST_F(Plots, AreDrawnInTheLastSizeOnlyOfASwarmFromTheMouse) {
+  StartWithDesign();
+  auto* const box = static_cast<PictureBox*>(Find<QWidget>("Picture1"));
+  std::set<int> widths;  // in which something was drawn
+  box->Picture().SetChangeListener([&](const QRect& changed) {
+    widths.insert(box->Picture().Size().width());
+    box->update(changed);
+  });
+  const QSize before = main->size();
+  const int width = box->width();
+  for (int step = 1; step <= 20; ++step) {
+    main->windowHandle()->resize(before + QSize(3 * step, step));
+  }
+  EXPECT_THAT(widths, IsEmpty()) << "the mouse need not wait";
+  EXPECT_TRUE(QTest::qWaitFor([&] { return !widths.empty(); }));
+  EXPECT_EQ(main->size(), before + QSize(60, 20));
+  EXPECT_THAT(widths, ElementsAre(width + 60));
+  EXPECT_EQ(Screen(), CorePicture());
+  box->Picture().SetChangeListener([box](const QRect& changed) { box->update(changed); });
 }
 
 TEST_F(Plots, GiveWayToEmptyAxesWithoutADesign) {
