@@ -4,7 +4,8 @@
 
 namespace halvorne::bench {
 
-QByteArrayList WordsOf(const QString& program, const QProcessEnvironment& environment) {
+QByteArrayList WordsOf(const QString& program, const QStringList& arguments,
+                       const QProcessEnvironment& environment) {
   constexpr int patience = 60'000;  // ms
   QProcessEnvironment all = QProcessEnvironment::systemEnvironment();
   all.insert(environment);
@@ -12,7 +13,7 @@ QByteArrayList WordsOf(const QString& program, const QProcessEnvironment& enviro
   QProcess process;
   process.setProcessEnvironment(all);
   process.setProcessChannelMode(QProcess::ForwardedErrorChannel);
-  process.start(program, QStringList());
+  process.start(program, arguments);
   if (!process.waitForFinished(patience)) {
     process.kill();
     process.waitForFinished();

@@ -25,7 +25,9 @@ struct Row {
 };
 
 /// Measures all rows, repetitions of all of them interleaved, and prints their medians as a table.
-/// @return false when a measurement could not be made
-bool Measure(const std::vector<Row>& rows);
+/// @param check  whether a row that is worse than `first` by more than a quarter is measured once
+///               more and, worse again, counts as failed
+/// @return false when a measurement could not be made, or a row failed
+bool Measure(const std::vector<Row>& rows, bool check);
 
 }  // namespace halvorne::bench

@@ -14,11 +14,11 @@ std::vector<Row> BatchRows();
 std::vector<Row> TransformRows();
 /// Design file beside bare number conversions.
 std::vector<Row> DesignFileRows();
-/// The sweep right behind a painted window beside one in a process without the toolkit.
+/// Work right behind a painted window beside the same in a process without the toolkit.
 std::vector<Row> PaintedRows();
 /// The main picture beside one polyline of the toolkit's.
 std::vector<Row> RedrawRows();
-/// Start and memory of the desktop program beside an empty window.
+/// Start, memory and resizing of the desktop program beside an empty window and one polyline.
 std::vector<Row> WindowRows();
 
 }  // namespace halvorne::bench

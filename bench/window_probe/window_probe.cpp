@@ -7,6 +7,7 @@
 #include <QMimeData>
 #include <QUrl>
 #include <QWidget>
+#include <QWindow>
 #include <cstdio>
 #include <ctime>
 #include <unistd.h>
@@ -14,11 +15,12 @@
 // A library that is loaded in front of a program with windows (LD_PRELOAD) and watches it from
 // within, so that the program is measured as it is shipped and needs no hook for it. Once the
 // first window that is no splash screen has been painted it prints one line, the processor time
-// since the process began in seconds, less that while a splash screen stood alone, and the resident
-// size in KiB, and ends the process.
+// since the process began in seconds, less that while a splash screen stood alone, the resident
+// size in KiB, and the processor time in seconds of one step of resizing, and ends the process.
 //
 // With a design file named in HALVORNE_BENCH_DESIGN, the file is first dropped on the window and
-// the action named in HALVORNE_BENCH_ACTION is chosen.
+// the action named in HALVORNE_BENCH_ACTION is chosen; then the window system makes the window
+// larger HALVORNE_BENCH_STEPS times.
 
 namespace {
 
@@ -36,8 +38,8 @@ long ResidentKiB() {
   return file.readAll().split(' ').value(1).toLong() * (sysconf(_SC_PAGESIZE) / 1024);
 }
 
-[[noreturn]] void ReportAndEnd(double seconds) {
-  std::printf("%.9f %ld\n", seconds, ResidentKiB());
+[[noreturn]] void ReportAndEnd(double seconds, double stepSeconds) {
+  std::printf("%.9f %ld %.9f\n", seconds, ResidentKiB(), stepSeconds);
   std::fflush(stdout);
   _exit(0);
 }
@@ -54,6 +56,23 @@ void OpenDesign(QWidget* window, const QString& file) {
           window->findChild<QAction*>(qEnvironmentVariable("HALVORNE_BENCH_ACTION"))) {
     action->trigger();
   }
+}
+
+/// Lets the window system make the window larger, a pixel each way at a time, each size painted
+/// before the next one comes.
+/// @return processor time of one step in seconds; 0 without any
+double Resize(QWidget* window) {
+  const int steps = qEnvironmentVariableIntValue("HALVORNE_BENCH_STEPS");
+  if (steps <= 0) {
+    return 0;
+  }
+  const double start = ProcessorSeconds();
+  for (int step = 0; step < steps; ++step) {
+    window->windowHandle()->resize(window->size() + QSize(1, 1));
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+  }
+  return (ProcessorSeconds() - start) / steps;
 }
 
 /// A message box would wait for its answer for ever: says what it says and ends the process.
@@ -108,7 +127,7 @@ class FirstPaint final : public QObject {
         QCoreApplication::processEvents(QEventLoop::AllEvents, rest);
       }
     }
-    ReportAndEnd(seconds);
+    ReportAndEnd(seconds, Resize(window_));
   }
 
  private:

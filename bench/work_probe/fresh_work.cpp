@@ -1,7 +1,7 @@
-#include "timed_sweep.h"
+#include "timed_work.h"
 
-// The sweep in a process that knows nothing of the toolkit.
+// Work in a process that knows nothing of the toolkit: halvorne-bench-fresh-work NAME.
 
-int main() {
-  halvorne::bench::PrintSweepTime([] {});
+int main(int argc, char** argv) {
+  halvorne::bench::PrintTimeOf(argc == 2 ? argv[1] : "", [] {});
 }

@@ -3,9 +3,9 @@
 #include <QPainter>
 #include <QWidget>
 
-#include "timed_sweep.h"
+#include "timed_work.h"
 
-// The sweep right behind the painting of a window.
+// Work right behind the painting of a window: halvorne-bench-painted-work NAME.
 
 namespace {
 
@@ -26,5 +26,5 @@ int main(int argc, char** argv) {
   window.resize(1024, 768);
   window.show();
   QApplication::processEvents();
-  halvorne::bench::PrintSweepTime([&window] { window.repaint(); });
+  halvorne::bench::PrintTimeOf(argc == 2 ? argv[1] : "", [&window] { window.repaint(); });
 }
