@@ -1,6 +1,5 @@
 #include "materials/data_sources.h"
 
-#include <QFile>
 #include <QSqlDatabase>
 
 #include "persistence/file_names.h"
@@ -10,10 +9,11 @@
 
 namespace halvorne {
 
-void MakeDSN(const std::string& name, const std::string& driver, const std::string& databasePath,
-             int request) try {
-  const QString connection = ToQString(name);
-  const bool registered = QSqlDatabase::contains(connection);
+DataSources dataSources;
+
+void MakeDSN(const std::string& name, const std::string& /*driver*/,
+             const std::string& databasePath, int request) try {
+  const bool registered = dataSources.Files.contains(name);
   const bool add = !registered && request == kAddDataSource;
   const bool remove = registered && request == kRemoveDataSource;
   if (!add && !remove) {
@@ -25,12 +25,12 @@ void MakeDSN(const std::string& name, const std::string& driver, const std::stri
                      .icon = MessageIcon::kCritical});
     return;
   }
-  if (remove) {
-    QSqlDatabase::removeDatabase(connection);
+  if (add) {
+    dataSources.Files[name] = databasePath;
     return;
   }
-  QSqlDatabase source = QSqlDatabase::addDatabase(ToQString(driver), connection);
-  source.setDatabaseName(QFile::decodeName(QByteArray::fromStdString(databasePath)));
+  dataSources.Files.erase(name);
+  QSqlDatabase::removeDatabase(ToQString(name));  // where a store has been looked into
 } catch (...) {
   ReportFailure("MakeDSN", "FILES");
 }

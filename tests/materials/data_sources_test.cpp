@@ -14,38 +14,36 @@ namespace {
 
 constexpr const char* kName = "acoustic";
 
-class DataSources : public FreshProgram {
+class DataSourcesTest : public FreshProgram {
  protected:
-  DataSources() {
+  DataSourcesTest() {
     for (const char* file : {"first.mdb", "second.mdb"}) {
       std::filesystem::create_directories(folder_);
       std::ofstream(folder_ / file) << "";
     }
   }
-  ~DataSources() override {
-    QSqlDatabase::removeDatabase(QString::fromLatin1(kName));
+  ~DataSourcesTest() override {
+    dataSources = {};
     std::filesystem::remove_all(folder_);
   }
 
   std::string Path(const std::string& file) const { return (folder_ / file).string(); }
-  static bool Registered() { return QSqlDatabase::contains(QString::fromLatin1(kName)); }
-  static std::string RegisteredPath() {
-    return QSqlDatabase::database(QString::fromLatin1(kName), false).databaseName().toStdString();
-  }
+  static bool Registered() { return dataSources.Files.contains(kName); }
+  static std::string RegisteredPath() { return dataSources.Files.at(kName); }
 
  private:
   const std::filesystem::path folder_ =
       std::filesystem::temp_directory_path() / ("halvorne-sources-" + std::to_string(getpid()));
 };
 
-TEST_F(DataSources, AreAddedWithTheirFile) {
+TEST_F(DataSourcesTest, AreAddedWithTheirFile) {
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kAddDataSource);
   ASSERT_TRUE(Registered());
   EXPECT_EQ(RegisteredPath(), Path("first.mdb"));
   EXPECT_TRUE(shownMessages.Shown().empty());
 }
 
-TEST_F(DataSources, ThatAreRegisteredStayAsTheyAreWhateverTheirPath) {
+TEST_F(DataSourcesTest, ThatAreRegisteredStayAsTheyAreWhateverTheirPath) {
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kAddDataSource);
   MakeDSN(kName, kDatabaseDriver, Path("second.mdb"), kAddDataSource);
   EXPECT_EQ(RegisteredPath(), Path("first.mdb"));
@@ -53,7 +51,7 @@ TEST_F(DataSources, ThatAreRegisteredStayAsTheyAreWhateverTheirPath) {
   EXPECT_TRUE(shownMessages.Shown().empty()) << "not even the file is looked for";
 }
 
-TEST_F(DataSources, AreRemovedWhenTheyAreRegistered) {
+TEST_F(DataSourcesTest, AreRemovedWhenTheyAreRegistered) {
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kRemoveDataSource);
   EXPECT_FALSE(Registered());
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kAddDataSource);
@@ -62,7 +60,12 @@ TEST_F(DataSources, AreRemovedWhenTheyAreRegistered) {
   EXPECT_TRUE(shownMessages.Shown().empty());
 }
 
-TEST_F(DataSources, KnowNoOtherRequest) {
+TEST_F(DataSourcesTest, LoadNoDatabaseBeforeAStoreIsLookedInto) {
+  MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kAddDataSource);
+  EXPECT_FALSE(QSqlDatabase::contains(QString::fromLatin1(kName)));
+}
+
+TEST_F(DataSourcesTest, KnowNoOtherRequest) {
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), 2);
   EXPECT_FALSE(Registered());
   MakeDSN(kName, kDatabaseDriver, Path("first.mdb"), kAddDataSource);
@@ -70,7 +73,7 @@ TEST_F(DataSources, KnowNoOtherRequest) {
   EXPECT_EQ(RegisteredPath(), Path("first.mdb"));
 }
 
-TEST_F(DataSources, WithoutTheirFileAreToldOfAndNotAdded) {
+TEST_F(DataSourcesTest, WithoutTheirFileAreToldOfAndNotAdded) {
   MakeDSN(kName, kDatabaseDriver, Path("missing.mdb"), kAddDataSource);
   EXPECT_FALSE(Registered());
   ASSERT_EQ(shownMessages.Shown().size(), 1U);

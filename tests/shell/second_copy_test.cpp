@@ -8,6 +8,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include "materials/material_store.h"
 #include "shell/window_test.h"
 
 // A second copy of the program on the same folder, started and ended while the first one works.
@@ -95,8 +96,8 @@ TEST_F(SecondCopy, TakesNoSettingFromTheFirstThatWorksMeanwhile) {
 TEST_F(SecondCopy, LeavesTheDatabasesWholeThoughTheFirstWritesToOne) {
   StartProgram();
   const std::string acoustic = Acoustic();
-  QSqlDatabase store = QSqlDatabase::database(QStringLiteral("pzmatls"));
-  ASSERT_TRUE(store.isOpen());
+  QSqlDatabase store = StoreConnection(kPiezoStore);
+  OpenStore(store);
   const QString table = store.tables().value(0);
   const auto rows = [&] {
     QSqlQuery count(QStringLiteral("SELECT COUNT(*) FROM \"%1\"").arg(table), store);

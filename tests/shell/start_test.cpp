@@ -4,6 +4,8 @@
 #include <QTest>
 #include <fstream>
 
+#include "materials/data_sources.h"
+#include "materials/material_store.h"
 #include "persistence/setup_state.h"
 #include "plot/plot_state.h"
 #include "shell/form_metrics.h"
@@ -111,7 +113,7 @@ TEST_F(Start, TellsOfEachMissingDatabaseAndGoesOn) {
   script.Expect(kMissingDatabase);
   script.Expect(kMissingDatabase);
   StartProgram();
-  EXPECT_TRUE(QSqlDatabase::connectionNames().isEmpty());
+  EXPECT_TRUE(dataSources.Files.empty());
 }
 
 TEST_F(Start, TellsOfAMissingSetupFileAndCarriesOutTheStepsBehindIt) {
@@ -147,11 +149,11 @@ TEST_F(Start, AfterAMissingOrShortSetupFileShowsTheFirstPlotOfADesign) {
 
 TEST_F(Start, NamesTheSources) {
   StartProgram();
-  for (const auto& [name, file] :
-       {std::pair{"acoustic", "Acoustic.mdb"}, {"pzmatls", "pzmatls.mdb"}}) {
-    ASSERT_TRUE(QSqlDatabase::contains(QString::fromLatin1(name))) << name;
-    QSqlDatabase source = QSqlDatabase::database(QString::fromLatin1(name));
-    EXPECT_EQ(source.databaseName().toStdString(), (Folder() / "Database" / file).string());
+  for (const MaterialStore& store : {kAcousticStore, kPiezoStore}) {
+    ASSERT_TRUE(dataSources.Files.contains(store.connection)) << store.connection;
+    QSqlDatabase source = StoreConnection(store);
+    EXPECT_EQ(source.databaseName().toStdString(), dataSources.Files.at(store.connection));
+    OpenStore(source);
     EXPECT_FALSE(source.tables().isEmpty()) << "the store can't be read";
   }
 }

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <sstream>
 
+#include "materials/data_sources.h"
 #include "persistence/design_file.h"
 #include "platform/headless_surface.h"
 #include "platform/paths.h"
@@ -51,6 +52,7 @@ WindowTest::~WindowTest() {
   EndHelp();
   main.reset();
   SetMessages(nullptr);
+  dataSources = {};
   for (const QString& name : QSqlDatabase::connectionNames()) {
     QSqlDatabase::removeDatabase(name);
   }

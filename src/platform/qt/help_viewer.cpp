@@ -6,6 +6,7 @@
 #include <QKeyEvent>
 #include <QMenu>
 #include <QPointer>
+#include <QtEndian>
 
 #include "platform/failure.h"
 #include "platform/paths.h"
@@ -22,6 +23,24 @@ QPointer<HelpWindow>& Window() {
 
 QString FromPath(const std::string& path) {
   return QFile::decodeName(QByteArray::fromStdString(path));
+}
+
+/// True for a file of the kind that help files are of, as long as it says it is: a look at its
+/// first bytes, which loads nothing of the help system. Whether it holds help is found out when it
+/// is shown.
+bool LooksLikeHelpFile(const QString& path) {
+  constexpr qsizetype header = 100;  // of a database: kind, size of a page, count of pages
+  QFile file(path);
+  if (!file.open(QIODevice::ReadOnly)) {
+    return false;
+  }
+  const QByteArray start = file.read(header);
+  if (start.size() < header || !start.startsWith("SQLite format 3")) {
+    return false;
+  }
+  const qint64 pageSize = qFromBigEndian<quint16>(start.constData() + 16);
+  const qint64 pages = qFromBigEndian<quint32>(start.constData() + 28);
+  return file.size() == (pageSize == 1 ? 65536 : pageSize) * pages;
 }
 
 std::string HelpFile() {
@@ -58,7 +77,7 @@ QString AskedAbout(const QWidget& widget) {
 }  // namespace
 
 bool HelpViewerInstalled() {
-  return IsHelpFile(FromPath(HelpFile()));
+  return LooksLikeHelpFile(FromPath(HelpFile()));
 }
 
 void ShowHelpWindow(const std::string& file, bool search, const std::string& key) {
