@@ -139,7 +139,7 @@ void frmHalvorneMain::MakeToolbar() {
     left += row.opensGroup ? kToolGap : 0;
     auto* const button = Named(new QToolButton(Picture2), QLatin1String(row.name));
     button->setIcon(
-        PaletteIcon(QStringLiteral(":/shell/icons/%1.svg").arg(QLatin1String(row.drawing))));
+        PaletteIcon(QStringLiteral(":/shell/icons/%1.pic").arg(QLatin1String(row.drawing))));
     button->setIconSize({28, 28});
     button->setAutoRaise(true);
     button->setFocusPolicy(Qt::TabFocus);
@@ -317,7 +317,7 @@ void frmHalvorneMain::PlaceControls(const QRect& picture, int scrollTop, int tit
 
 frmHalvorneMain::frmHalvorneMain() {
   setObjectName(QStringLiteral("frmHalvorneMain"));
-  setWindowIcon(PaletteIcon(QStringLiteral(":/shell/icons/halvorne.svg")));
+  setWindowIcon(ColourIcon(QStringLiteral(":/shell/icons/halvorne.pic")));
   setAcceptDrops(true);
   setCentralWidget(new QWidget(this));
   MakeMenus();

@@ -11,6 +11,7 @@
 #include "platform/qt/message_boxes.h"
 #include "shell/frm_halvorne_main.h"
 #include "shell/frm_startup.h"
+#include "shell/patient_style.h"
 
 namespace halvorne {
 namespace {
@@ -37,6 +38,7 @@ int RunProgram(const ProgramPlace& place, const std::string& design) {
   std::signal(SIGXFSZ, SIG_IGN);  // a file that may not grow fails its writer, not the program
 #endif
   QApplication::setApplicationName(QStringLiteral("Halvorne"));
+  QApplication::setStyle(new PatientStyle);
   QApplication::setQuitOnLastWindowClosed(false);  // the start-up window is not the program
   QGuiApplication::setDesktopFileName(QStringLiteral("org.halvorne.halvorne"));
   MessageBoxes boxes;
