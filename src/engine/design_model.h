@@ -22,8 +22,11 @@ inline constexpr int kBackSlot = 11;
 
 /// One value per frequency point.
 using FreqCurve = Bounded<double, 0, kLastFreqPoint>;
-/// One value per time sample.
-using TimeCurve = Bounded<double, 0, kLastTimePoint>;
+/// One value per time sample. The gap behind them staggers curves that stand side by side, so that
+/// the same sample of several curves isn't found in the same set of a cache.
+struct TimeCurve : Bounded<double, 0, kLastTimePoint> {
+  double gap[56];
+};
 
 struct PiezoMaterial {
   std::string Name;          ///< "None" marks a layer that isn't in use

@@ -1,7 +1,7 @@
 #include "timedomain/transform.h"
 
+#include <algorithm>
 #include <bit>
-#include <cmath>
 #include <utility>
 
 #include "platform/failure.h"
@@ -9,21 +9,11 @@
 #include "platform/vector_registers.h"
 #include "timedomain/phasors.h"
 #include "timedomain/transform_passes.h"
+#include "timedomain/twiddles.h"
 #include "timedomain/wave_state.h"
 
 namespace halvorne {
 namespace {
-
-/// Below this magnitude no sum of 65536 products overflows.
-constexpr double kModerate = 1e300;
-
-bool AllModerate(const double* x, std::int32_t n) {
-  unsigned large = 0;
-  for (std::int32_t i = 0; i < n; ++i) {
-    large |= std::fabs(x[i]) <= kModerate ? 0U : 1U;
-  }
-  return large == 0;
-}
 
 /// Divides by a power of two, which its reciprocal does exactly.
 void Divide(double* x, std::int32_t n) {
@@ -33,11 +23,26 @@ void Divide(double* x, std::int32_t n) {
   }
 }
 
-void FillTwiddles(std::int32_t n, double sign) {
-  const Phasors phasors(sign * Quotient(kTwoPi, n));
+/// Fills the tables unless they still are those of this length and direction.
+void FillTwiddles(std::int32_t n, bool inverse) {
+  const double step = Quotient(kTwoPi, n);
+  const std::int32_t made = inverse ? n : -n;
+  if (wave.TwiddleLength == made) {
+    return;
+  }
+  wave.TwiddleLength = 0;
+  const Phasors phasors(inverse ? step : -step);
   for (std::int32_t first = 0; first < n; first += Phasors::kRow) {
     phasors.Fill(first, wave.TwiddleCos.data() + first, wave.TwiddleSin.data() + first);
   }
+  if (n >= kFastLength) {
+    // Where the fast transform takes its own, they are the same to the bit.
+    const StageTwiddles last = TwiddlesOfStage(n / 2);
+    std::copy_n(last.cosine, n / 2, wave.TwiddleCos.data());
+    std::transform(last.sine, last.sine + n / 2, wave.TwiddleSin.data(),
+                   [inverse](double sine) { return inverse ? -sine : sine; });
+  }
+  wave.TwiddleLength = made;
 }
 
 void ReverseOrder(double* re, double* im, std::int32_t n) {
@@ -95,14 +100,13 @@ void FFTSolve(TimeCurve& re, TimeCurve& im, std::int32_t n, std::int16_t inverse
     throw Failure(failure_number::kInvalidCall);  // its loops would never end
   }
   CleanVectorRegisters();
-  FillTwiddles(n, inverse != 0 ? 1.0 : -1.0);
+  FillTwiddles(n, inverse != 0);
+  if (FastTransform(re.data(), im.data(), n, inverse != 0)) {
+    return;
+  }
   if (inverse != 0) {
     Divide(re.data(), n);
     Divide(im.data(), n);
-  }
-  if (n >= kFastLength && AllModerate(re.data(), n) && AllModerate(im.data(), n)) {
-    FastStages(re.data(), im.data(), n);
-    return;
   }
   ReverseOrder(re.data(), im.data(), n);
   PlainStages(re.data(), im.data(), n);

@@ -2,8 +2,9 @@
 
 #include <array>
 #include <bit>
+#include <cmath>
 
-#include "timedomain/wave_state.h"
+#include "timedomain/twiddles.h"
 #include "timedomain/wide.h"
 
 namespace halvorne {
@@ -66,13 +67,9 @@ struct Block {
   }
 };
 
-/// Twiddles of one stage side by side.
-struct StageTurns {
-  const double* cosine;
-  const double* sine;
-
-  Complex Get(long j) const { return {cosine[j], sine[j]}; }
-};
+inline Complex At(const StageTwiddles& twiddles, long k) {
+  return {twiddles.cosine[k], twiddles.sine[k]};
+}
 
 // The four quarters that a pass works on never overlap, which the compiler has to be told.
 
@@ -124,7 +121,7 @@ HALVORNE_WIDE void SingleSpreadPass(Block block, long run) {
   }
 }
 
-HALVORNE_WIDE void AdjacentPass(Block block, long run, StageTurns first, StageTurns second) {
+HALVORNE_WIDE void AdjacentPass(Block block, long run, StageTwiddles first, StageTwiddles second) {
   const Block quarter1 = block.From(run);
   const Block quarter2 = block.From(2 * run);
   const Block quarter3 = block.From(3 * run);
@@ -138,13 +135,13 @@ HALVORNE_WIDE void AdjacentPass(Block block, long run, StageTurns first, StageTu
     Complex c = quarter1.Get(j);
     Complex b = quarter2.Get(j);
     Complex d = quarter3.Get(j);
-    TwoStages(a, b, c, d, {first.Get(j), second.Get(j), second.Get(j + run)});
+    TwoStages(a, b, c, d, {At(first, j), At(second, j), At(second, j + run)});
     block.Set(j, a);
     quarter1.Set(j, c);
     quarter2.Set(j, b);
     quarter3.Set(j, d);
   }
-  TwoFirstStages(a0, b0, c0, d0, second.Get(run));
+  TwoFirstStages(a0, b0, c0, d0, At(second, run));
   block.Set(0, a0);
   quarter1.Set(0, c0);
   quarter2.Set(0, b0);
@@ -174,15 +171,15 @@ void LoadTile(const double* x, long stride, Tile& tile) {
   }
 }
 
-void StoreReversed(const Tile& tile, double* x, long stride) {
+void StoreReversed(const Tile& tile, double* x, long stride, double factor) {
   for (long row = 0; row < kTile; ++row) {
     for (long column = 0; column < kTile; ++column) {
-      x[row * stride + column] = tile[kReversed[column] * kTile + kReversed[row]];
+      x[row * stride + column] = factor * tile[kReversed[column] * kTile + kReversed[row]];
     }
   }
 }
 
-void ReverseBits(double* x, int bits) {
+void ReverseBits(double* x, int bits, double factor) {
   const int tileBits = bits - 2 * kTileBits;
   const long stride = 1L << (bits - kTileBits);
   for (long at = 0; at < (1L << tileBits); ++at) {
@@ -192,23 +189,30 @@ void ReverseBits(double* x, int bits) {
       Tile there;
       LoadTile(x + at * kTile, stride, here);
       LoadTile(x + to * kTile, stride, there);
-      StoreReversed(here, x + to * kTile, stride);
-      StoreReversed(there, x + at * kTile, stride);
+      StoreReversed(here, x + to * kTile, stride, factor);
+      StoreReversed(there, x + at * kTile, stride, factor);
     }
   }
 }
 
-/// Twiddles of the stages but the last, gathered from the table so that a stage of butterflies
-/// `half` apart finds its own from index `half` on.
-std::array<double, 32768> packedCos;
-std::array<double, 32768> packedSin;
+/// Below this magnitude no sum of 65536 products overflows.
+constexpr double kModerate = 1e300;
+
+HALVORNE_WIDE bool AllModerate(const double* x, long n) {
+  std::uint64_t large = 0;
+  for (long i = 0; i < n; ++i) {
+    large |= std::fabs(x[i]) <= kModerate ? 0U : 1U;
+  }
+  return large == 0;
+}
 
 /// One transform under way.
 class Stages {
  public:
-  explicit Stages(long n) : n_(n) {}
+  explicit Stages(long n) : n_(n), last_(TwiddlesOfStage(n / 2)) {}
 
-  void Run(Block data) {
+  /// @param factor  a power of two by which everything is multiplied
+  void Run(Block data, double factor) {
     const int stages = std::countr_zero(static_cast<unsigned long>(n_));
     const int rounds = stages / 2;
     if (stages % 2 == 0) {
@@ -219,22 +223,19 @@ class Stages {
       Spread(data.From(n_ / 2), n_ / 2, n_ / 4, rounds / 2);
     }
     const int adjacentRounds = rounds - rounds / 2;
-    Pack(n_ >> (2 * adjacentRounds));
-    ReverseBits(data.re, stages);
-    ReverseBits(data.im, stages);
+    ReverseBits(data.re, stages, factor);
+    ReverseBits(data.im, stages, factor);
     Adjacent(data, n_, adjacentRounds);
   }
 
  private:
-  static Complex Twiddle(long u) { return {wave.TwiddleCos(u), wave.TwiddleSin(u)}; }
-
-  /// Two stages per round in natural order; `u` is the block's place in the twiddle table.
+  /// Two stages per round in natural order; `u` is the block's place in the last stage's twiddles.
   void Spread(Block block, long length, long u, int rounds) {
     if (rounds == 0) {
       return;
     }
     const long run = length / 4;
-    const Turns turns = {Twiddle(u), Twiddle(u / 2), Twiddle(u / 2 + n_ / 4)};
+    const Turns turns = {At(last_, u), At(last_, u / 2), At(last_, u / 2 + n_ / 4)};
     if (u == 0) {
       FirstSpreadPass(block, run, turns.lower);
     } else {
@@ -254,31 +255,26 @@ class Stages {
     for (long quarter = 0; quarter < 4; ++quarter) {
       Adjacent(block.From(quarter * run), run, rounds - 1);
     }
-    AdjacentPass(block, run, Packed(run), Packed(2 * run));
-  }
-
-  StageTurns Packed(long half) const {
-    return half == n_ / 2 ? StageTurns{wave.TwiddleCos.data(), wave.TwiddleSin.data()}
-                          : StageTurns{packedCos.data() + half, packedSin.data() + half};
-  }
-
-  void Pack(long shortest) const {
-    for (long half = n_ / 4; half >= shortest; half /= 2) {
-      const StageTurns longer = Packed(2 * half);
-      for (long j = 0; j < half; ++j) {
-        packedCos[half + j] = longer.cosine[2 * j];
-        packedSin[half + j] = longer.sine[2 * j];
-      }
-    }
+    AdjacentPass(block, run, TwiddlesOfStage(run), TwiddlesOfStage(2 * run));
   }
 
   long n_;
+  StageTwiddles last_;
 };
 
 }  // namespace
 
-void FastStages(double* re, double* im, std::int32_t n) {
-  Stages(n).Run({re, im});
+bool FastTransform(double* re, double* im, std::int32_t n, bool inverse) {
+  if (n < kFastLength || !AllModerate(re, n) || !AllModerate(im, n)) {
+    return false;
+  }
+  if (inverse) {
+    // Exchanging real and imaginary parts on both sides turns a transform round.
+    Stages(n).Run({im, re}, 1.0 / n);
+  } else {
+    Stages(n).Run({re, im}, 1);
+  }
+  return true;
 }
 
 }  // namespace halvorne

@@ -27,7 +27,8 @@ struct Wave {
   std::string FreqStartText;  ///< sweep limits in FreqUnit
   std::string FreqStopText;
 
-  TimeCurve TwiddleCos, TwiddleSin;  ///< meaningful only during a transform
+  TimeCurve TwiddleCos, TwiddleSin;  ///< kept from one transform to the next of its kind
+  std::int32_t TwiddleLength = 0;    ///< their kind: n of an inverse transform, -n of a forward one
 };
 
 extern Wave wave;
