@@ -37,9 +37,11 @@ void ExpectLevel(double level, const Wide& value, int bin) {
   EXPECT_NEAR(level, static_cast<double>(20 * std::log10(std::abs(value))), 1e-9) << bin;
 }
 
+// From 70 MHz on the band lies above half the sample rate of 128 MHz.
 TEST_F(Convolution, EqualsItsComplexProductWrittenOut) {
-  for (const double start : {0.0, 1.3e6, 2e6}) {
-    Sweep(start, 10e6);
+  for (const double start : {0.0, 1.3e6, 2e6, 70e6}) {
+    Sweep(start, start < 10e6 ? 10e6 : start + 8e6);
+    shownMessages.AnswerNext(MessageAnswer::kOk);
     SetWaves();
     const std::vector<Wide> h = DirectSum(Widened(wave.ImpulseRe, wave.ImpulseIm, kSamples), -1);
     const std::vector<Wide> e = [] {
