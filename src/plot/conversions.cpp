@@ -1,5 +1,6 @@
 #include "plot/conversions.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/failure.h"
@@ -8,6 +9,7 @@
 #include "plot/catalogue.h"
 #include "plot/gather.h"
 #include "plot/measures.h"
+#include "timedomain/sample_blocks.h"
 
 namespace halvorne {
 namespace {
@@ -210,17 +212,15 @@ void LimitPdata() try {
 
 void ArrayMaxMin(const MeasureBuffer& array, std::int32_t first, std::int32_t last, double& max,
                  double& min) try {
-  max = -1e100;
-  min = 1e100;
-  for (std::int32_t i = first; i <= last; ++i) {
-    const double value = array(i);
-    if (value > max) {
-      max = value;
-    }
-    if (value < min) {
-      min = value;
-    }
-  }
+  Extrema all;
+  max = all.max;
+  min = all.min;
+  ForBlocks(first, last, MeasureBuffer::count, [&](long from, long count) {
+    const Extrema block = ExtremaOf(array.data() + from, count);
+    all = {std::max(all.max, block.max), std::min(all.min, block.min)};
+    max = all.max;
+    min = all.min;
+  });
 } catch (...) {
   ReportFailure("ArrayMaxMin", "PLOTIT");
 }

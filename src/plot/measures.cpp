@@ -1,11 +1,13 @@
 #include "plot/measures.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "platform/failure.h"
 #include "platform/number_text.h"
 #include "platform/numbers.h"
 #include "plot/conversions.h"
+#include "timedomain/sample_blocks.h"
 #include "timedomain/sample_rate.h"
 
 namespace halvorne {
@@ -20,6 +22,41 @@ float DisplayFrequency(float point) {
   return ToSingle(Quotient(point * design.FreqStep + design.FreqStart, design.FreqScale));
 }
 
+/// The first index whose value, as a 32-bit float, lies above the level; `otherwise` where none
+/// does.
+std::int32_t FirstAbove(const MeasureBuffer& array, std::int32_t first, std::int32_t last,
+                        float level, std::int32_t otherwise) {
+  constexpr auto block = static_cast<std::int32_t>(kSampleBlock);
+  const std::int32_t inside = std::min(last, static_cast<std::int32_t>(MeasureBuffer::last));
+  std::int32_t i = first;
+  while (i >= 0 && i <= inside - block && NoneAbove(array.data() + i, block, level)) {
+    i += block;
+  }
+  for (; i <= last; ++i) {
+    if (ToSingle(array(i)) > level) {
+      return i;
+    }
+  }
+  return otherwise;
+}
+
+/// The last index of that kind.
+std::int32_t LastAbove(const MeasureBuffer& array, std::int32_t first, std::int32_t last,
+                       float level, std::int32_t otherwise) {
+  constexpr auto block = static_cast<std::int32_t>(kSampleBlock);
+  std::int32_t i = last;
+  while (i <= MeasureBuffer::last && i - block >= std::max(first, 0) &&
+         NoneAbove(array.data() + i - block + 1, block, level)) {
+    i -= block;
+  }
+  for (; i >= first; --i) {
+    if (ToSingle(array(i)) > level) {
+      return i;
+    }
+  }
+  return otherwise;
+}
+
 }  // namespace
 
 void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t last, float level,
@@ -27,12 +64,7 @@ void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t las
   const auto between = [&](double point) { return first < point && point < last; };
 
   lower = ToSingle(last);
-  for (std::int32_t i = first; i <= last; ++i) {
-    if (ToSingle(array(i)) > level) {
-      lower = ToSingle(i);
-      break;
-    }
-  }
+  lower = ToSingle(FirstAbove(array, first, last, level, last));
   if (between(lower)) {
     const auto inside = static_cast<long>(lower);
     const double outer = array(inside - 1);
@@ -40,12 +72,7 @@ void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t las
   }
 
   upper = ToSingle(first);
-  for (std::int32_t i = last; i >= first; --i) {
-    if (ToSingle(array(i)) > level) {
-      upper = ToSingle(i);
-      break;
-    }
-  }
+  upper = ToSingle(LastAbove(array, first, last, level, first));
   if (between(upper)) {
     const auto inside = static_cast<long>(upper);
     const double inner = array(inside);

@@ -122,8 +122,8 @@ void TransformRecord(TimeCurve& re, TimeCurve& im, bool inverse) {
   }
 }
 
-/// The excitation's spectrum and quadrature by the short way of real waveforms. False where the band
-/// reaches above half the sample rate, or the short way is not open.
+/// The excitation's spectrum and quadrature by the short way of real waveforms. False where the
+/// band reaches above half the sample rate, or the short way is not open.
 bool AnalyseExcitation() {
   const std::int32_t n = design.NoTimePts;
   return IsTransformLength(n) && wave.ConvHiIdx <= n / 2 &&
