@@ -7,6 +7,7 @@
 #include <system_error>
 
 #include "persistence/file_failure.h"
+#include "persistence/plain_decimal.h"
 #include "persistence/regular_file.h"
 #include "platform/failure.h"
 #include "platform/numbers.h"
@@ -15,12 +16,11 @@
 namespace halvorne {
 namespace {
 
+using plain_decimal::IsDigit;
+
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 constexpr std::string_view kByteOrderMark = "\xEF\xBB\xBF";
 
-bool IsDigit(char c) {
-  return c >= '0' && c <= '9';
-}
 bool IsBlank(char c) {
   return c == ' ' || c == '\t';
 }
@@ -38,41 +38,6 @@ std::size_t Room(std::FILE* file) {
   const long size = std::fseek(file, 0, SEEK_END) == 0 ? std::ftell(file) : 0;
   std::rewind(file);
   return size <= 0 ? kMostBytes : std::min(static_cast<std::size_t>(size), kMostBytes);
-}
-
-/// Reads digits with at most one point among them and no exponent, 15 digits at most, and a
-/// separator behind them: most of a design file. Whole number and power of ten are exact, so their
-/// quotient is the nearest number, the same as from_chars has.
-/// @param at  text that ends in a NUL
-/// @return    the separator, null when the text has another form
-const char* ReadPlainDecimal(const char* at, double& value) {
-  static constexpr double powers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
-                                      1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
-  const bool negative = *at == '-';
-  at += negative ? 1 : 0;
-  std::int64_t whole = 0;
-  int digits = 0;
-  int behind = 0;
-  bool point = false;
-  for (;; ++at) {
-    if (IsDigit(*at)) {
-      if (++digits > 15) {
-        return nullptr;
-      }
-      whole = whole * 10 + (*at - '0');
-      behind += point ? 1 : 0;
-    } else if (*at == '.' && !point) {
-      point = true;
-    } else {
-      break;
-    }
-  }
-  if (digits == 0 || !IsSeparator(*at)) {
-    return nullptr;
-  }
-  const double magnitude = static_cast<double>(whole) / powers[behind];
-  value = negative ? -magnitude : magnitude;
-  return at;
 }
 
 /// True for a decimal number whose magnitude is 1 or more.
@@ -120,12 +85,12 @@ ValueReader::ValueReader(const std::string& fileName) {
   CleanVectorRegisters();
   const FileHandle file = OpenRegularFile(fileName, "rb");
   const std::size_t room = Room(file.get());
-  bytes_ = std::make_unique_for_overwrite<char[]>(room + 1);
+  bytes_ = std::make_unique_for_overwrite<char[]>(room + kDecimalMargin);
   const std::size_t size = std::fread(bytes_.get(), 1, room, file.get());
   if (std::ferror(file.get()) != 0) {
     RaiseFileFailure(errno, fileName);
   }
-  bytes_[size] = '\0';
+  std::fill_n(bytes_.get() + size, kDecimalMargin, '\0');
   at_ = bytes_.get();
   end_ = at_ + size;
   if (std::string_view(at_, size).starts_with(kByteOrderMark)) {
@@ -204,7 +169,12 @@ void ValueReader::Read(std::string& value) {
 }
 
 void ValueReader::Read(double& value) {
-  SkipToValue();
+  if (*at_ == '\n') {  // of the line end before, whose first half was the separator
+    ++at_;
+  }
+  if (!IsDigit(*at_)) {
+    SkipToValue();
+  }
   if (const char* const separator = ReadPlainDecimal(at_, value)) {
     at_ = separator + 1;
     return;
