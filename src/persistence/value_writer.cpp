@@ -16,6 +16,7 @@ namespace {
 constexpr double kLargest = 1.79769313486231E308;
 
 constexpr std::size_t kBlock = std::size_t{64} << 10;
+constexpr std::size_t kLeastRoom = std::size_t{4} << 10;
 
 }  // namespace
 
@@ -26,7 +27,6 @@ ValueWriter::ValueWriter() {
 ValueWriter::ValueWriter(const std::string& fileName)
     : fileName_(fileName), file_(OpenRegularFile(fileName, "wb").release()) {
   std::setvbuf(file_, nullptr, _IONBF, 0);  // blocks are made here
-  text_.reserve(kBlock + kBlock / 4);
   CleanVectorRegisters();
 }
 
@@ -44,56 +44,68 @@ void ValueWriter::Close() {
 void ValueWriter::Texts(std::initializer_list<std::string> values) {
   for (const std::string& value : values) {
     Write(value);
-    text_ += ',';
+    Put(",");
   }
-  text_.pop_back();
+  --used_;
   EndLine();
 }
 
+char* ValueWriter::Room(std::size_t count) {
+  if (used_ + count > text_.size()) {
+    text_.resize(std::max(used_ + count, 2 * text_.size() + kLeastRoom));
+  }
+  return text_.data() + used_;
+}
+
+void ValueWriter::Put(std::string_view characters) {
+  std::copy(characters.begin(), characters.end(), Room(characters.size()));
+  used_ += characters.size();
+}
+
 void ValueWriter::Write(std::string_view value) {
-  text_ += '"';
+  Put("\"");
   for (std::size_t quote; (quote = value.find('"')) != std::string_view::npos;) {
-    text_ += value.substr(0, quote);
-    text_ += "''";
+    Put(value.substr(0, quote));
+    Put("''");
     value.remove_prefix(quote + 1);
   }
-  text_ += value;
-  text_ += '"';
+  Put(value);
+  Put("\"");
 }
 
 void ValueWriter::Write(double value) {
-  char digits[kNumberTextMax];
   const double bounded = std::clamp(Finite(value), -kLargest, kLargest);
-  text_.append(digits, WriteNumber(digits, bounded));
+  char* const out = Room(kNumberTextMax);
+  used_ += static_cast<std::size_t>(WriteNumber(out, bounded) - out);
 }
 
 void ValueWriter::Write(float value) {
   Finite(value);
-  char digits[kNumberTextMax];
-  text_.append(digits, WriteNumber(digits, value));
+  char* const out = Room(kNumberTextMax);
+  used_ += static_cast<std::size_t>(WriteNumber(out, value) - out);
 }
 
 void ValueWriter::Write(std::int32_t value) {
-  text_ += std::to_string(value);
+  Put(std::to_string(value));
 }
 
 void ValueWriter::Write(bool value) {
-  text_ += value ? "#TRUE#" : "#FALSE#";
+  Put(value ? "#TRUE#" : "#FALSE#");
 }
 
 void ValueWriter::EndLine() {
-  text_ += "\r\n";
-  if (file_ != nullptr && text_.size() >= kBlock) {
+  Put("\r\n");
+  if (file_ != nullptr && used_ >= kBlock) {
     HandOver();
   }
 }
 
 void ValueWriter::HandOver() noexcept {
   // After a refusal nothing more is tried, so that a file never has a hole in its middle.
-  if (error_ == 0 && std::fwrite(text_.data(), 1, text_.size(), file_) != text_.size()) {
+  if (error_ == 0 && std::fwrite(text_.data(), 1, used_, file_) != used_) {
     error_ = errno;
   }
-  text_.clear();
+  used_ = 0;
 }
 
 void ValueWriter::CloseFile() noexcept {

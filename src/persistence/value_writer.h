@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <cstdio>
 #include <initializer_list>
@@ -28,7 +29,7 @@ class ValueWriter {
   template <class First, class... Rest>
   void Line(const First& first, const Rest&... rest) {
     Write(first);
-    ((text_ += ',', Write(rest)), ...);
+    ((Put(","), Write(rest)), ...);
     EndLine();
   }
 
@@ -47,7 +48,7 @@ class ValueWriter {
   bool IsWhole() const { return whole_; }
 
   /// The lines that were written, of a writer without a file.
-  const std::string& Text() const { return text_; }
+  std::string Text() const { return text_.substr(0, used_); }
 
  private:
   void Write(std::string_view value);
@@ -58,13 +59,17 @@ class ValueWriter {
   void Write(std::int32_t value);
   void Write(bool value);
   void EndLine();
+  void Put(std::string_view characters);
+  /// Where the next `count` characters go.
+  char* Room(std::size_t count);
   void HandOver() noexcept;
   void CloseFile() noexcept;
 
   std::string fileName_;
   std::FILE* file_ = nullptr;
-  std::string text_;  ///< lines not yet handed over
-  int error_ = 0;     ///< errno of the first refusal
+  std::string text_;  ///< room for lines not yet handed over
+  std::size_t used_ = 0;
+  int error_ = 0;  ///< errno of the first refusal
   bool whole_ = true;
 };
 

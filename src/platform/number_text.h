@@ -5,8 +5,9 @@
 
 namespace halvorne {
 
-/// Longest text that the general number-to-text form can need, in characters.
-inline constexpr int kNumberTextMax = 32;
+/// Room that writing the general number-to-text form needs, in characters; the longest text is
+/// shorter.
+inline constexpr int kNumberTextMax = 40;
 
 /// Writes the general form of a number at `out` (room for kNumberTextMax) and returns its end.
 ///

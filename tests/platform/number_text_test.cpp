@@ -1,10 +1,15 @@
 #include "platform/number_text.h"
 
+#include <algorithm>
+#include <bit>
+#include <charconv>
 #include <cmath>
+#include <cstdint>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <ostream>
 #include <random>
+#include <string>
 
 namespace halvorne {
 namespace {
@@ -71,6 +76,36 @@ TEST(NumberText, ReadsBackToFifteenDigits) {
     const std::string text = NumberText(value);
     EXPECT_NEAR(std::strtod(text.c_str(), nullptr), value, std::fabs(value) * 5.1e-15) << text;
     EXPECT_LE(text.size(), static_cast<std::size_t>(kNumberTextMax));
+  }
+}
+
+/// The library's general form with the exponent's letter in upper case.
+std::string ByLibrary(double value, int digits) {
+  char text[64];
+  const auto end =
+      std::to_chars(text, text + sizeof text, value, std::chars_format::general, digits).ptr;
+  std::string form(text, end);
+  std::replace(form.begin(), form.end(), 'e', 'E');
+  return form;
+}
+
+TEST(NumberText, IsTheLibrarysFormOfAnyBits) {
+  std::mt19937_64 random(17);
+  for (int trial = 0; trial < 300000; ++trial) {
+    const std::uint64_t bits = random();
+    const double decimal = static_cast<double>(bits % 100000000) / std::pow(10.0, trial % 14);
+    const double near = std::ldexp(static_cast<double>(bits), -40 - trial % 70);
+    for (const double value : {std::bit_cast<double>(bits), decimal, -decimal, near, -near}) {
+      if (std::isfinite(value) && value != 0) {
+        ASSERT_EQ(NumberText(value), ByLibrary(value, 15)) << trial;
+      }
+    }
+    for (const float value : {std::bit_cast<float>(static_cast<std::uint32_t>(bits)),
+                              static_cast<float>(decimal), static_cast<float>(-near)}) {
+      if (std::isfinite(value) && value != 0) {
+        ASSERT_EQ(NumberText(value), ByLibrary(value, 7)) << trial;
+      }
+    }
   }
 }
 
