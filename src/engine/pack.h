@@ -88,7 +88,7 @@ class Pack {
   /// The value itself; what isn't finite shows in the end.
   friend Pack Finite(const Pack& value) { return value; }
   /// a / b, and no number where b is infinite, which would not show in a quotient of 0.
-  friend Pack Quotient(const Pack& a, const Pack& b) { return Marked(a, b) / b; }
+  friend Pack Quotient(const Pack& a, const Pack& b) { return Marked(a / b, b); }
   /// Quotient(a, b), and 0 where b is 0.
   friend Pack Efficiency(const Pack& a, const Pack& b) {
     return Pack(b.lanes_ == 0.0 ? Values{} : Quotient(a, b).lanes_);

@@ -156,12 +156,10 @@ template <int kLanes>
 void MoveTo(std::int32_t first, Points<Pack<kLanes>>& at) {
   using Number = Pack<kLanes>;
   const SweepPlan& plan = at.plan;
-  double indexes[kLanes];
-  for (int lane = 0; lane < kLanes; ++lane) {
-    indexes[lane] = first + lane;
-  }
   at.first = first;
-  at.freq = Number::Load(indexes) * plan.step + plan.start;
+  constexpr double kOffsets[] = {0, 1, 2, 3, 4, 5, 6, 7};
+  static_assert(kLanes <= 8);
+  at.freq = (Number::Load(kOffsets) + first) * plan.step + plan.start;
   at.omega = at.freq * kTwoPi;
   Number lossPowers[2 * (kMaxPlates + 1)];
   for (int law = 0; law < plan.lawCount; ++law) {

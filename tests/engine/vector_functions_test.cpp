@@ -84,7 +84,7 @@ std::vector<double> NumbersOfEverySize() {
   std::vector<double> all = {0.0,       -0.0,      kLowest,    -kLowest,     kSmallest,    kLargest,
                              -kLargest, kInfinity, -kInfinity, std::nan(""), kSmallest / 3};
   for (int i = 0; i < 10000; ++i) {
-    const double value = std::bit_cast<double>(random());
+    const auto value = std::bit_cast<double>(random());
     if (!std::isnan(value)) {
       all.push_back(value);
     }
