@@ -1,4 +1,5 @@
 #include <cmath>
+#include <cstddef>
 #include <vector>
 
 #include "bench_designs.h"
@@ -93,13 +94,17 @@ void Sweep(benchmark::State& state) {
   CheckQuiet(state);
 }
 
-/// Sweeps by code for every processor of the architecture, whatever this one has.
-void BaselineSweep(benchmark::State& state) {
+/// Sweeps by the n-th narrowest instruction set, whatever wider ones the processor has.
+template <std::size_t kNumber>
+void NarrowSweep(benchmark::State& state) {
   const InstructionSet* const widest = SweepInstructions();
-  SetSweepInstructions(InstructionSets().empty() ? nullptr : InstructionSets().front());
+  const auto sets = InstructionSets();
+  SetSweepInstructions(kNumber < sets.size() ? sets[kNumber] : widest);
   Sweep(state);
   SetSweepInstructions(widest);
 }
+constexpr auto kBaselineSweep = NarrowSweep<0>;
+constexpr auto kAvx2Sweep = NarrowSweep<1>;
 
 template <void (*kMake)(), void (*kWork)(benchmark::State&)>
 void With(benchmark::State& state) {
@@ -112,12 +117,16 @@ void With(benchmark::State& state) {
 std::vector<Row> SweepRows() {
   return {{"sweep, largest", 4, 0.5, With<MakeLargestDesign, LibraryCalls>,
            With<MakeLargestDesign, Sweep>},
+          {"sweep, largest, AVX2", 4, 0.5, With<MakeLargestDesign, LibraryCalls>,
+           With<MakeLargestDesign, kAvx2Sweep>},
           {"sweep, largest, baseline", 4, 1.2, With<MakeLargestDesign, LibraryCalls>,
-           With<MakeLargestDesign, BaselineSweep>},
+           With<MakeLargestDesign, kBaselineSweep>},
           {"sweep, typical", 4.5, 0.5, With<MakeTypicalDesign, LibraryCalls>,
            With<MakeTypicalDesign, Sweep>},
+          {"sweep, typical, AVX2", 4.5, 0.5, With<MakeTypicalDesign, LibraryCalls>,
+           With<MakeTypicalDesign, kAvx2Sweep>},
           {"sweep, typical, baseline", 4.5, 1.2, With<MakeTypicalDesign, LibraryCalls>,
-           With<MakeTypicalDesign, BaselineSweep>}};
+           With<MakeTypicalDesign, kBaselineSweep>}};
 }
 
 }  // namespace halvorne::bench
