@@ -19,10 +19,6 @@
 namespace halvorne {
 namespace {
 
-struct Corners {
-  double x1, y1, x2, y2;
-};
-
 /// Scale by pane and surface: main picture, preview, printer. The large negative bottoms of the
 /// last two leave the lower part of the page to the report.
 constexpr Corners kScales[4][3] = {
@@ -161,6 +157,11 @@ void DrawPanes(Surface& surface) {
 }
 
 }  // namespace
+
+const Corners& CursorPaneCorners() {
+  const std::size_t pane = IsExcitationPlot(view.CurrentPlot) ? 4 : 1;
+  return kScales[pane - 1][static_cast<int>(SurfaceKind::kMainPicture)];
+}
 
 void PlotGraphOn(Surface& surface) try {
   const bool onMainPicture = surface.Kind() == SurfaceKind::kMainPicture;

@@ -11,6 +11,14 @@
 
 namespace halvorne {
 
+/// Corners of a surface, top left and bottom right, in its logical coordinates.
+struct Corners {
+  double x1, y1, x2, y2;
+};
+
+/// Corners of the main picture in the scale of the graph that the cursor stands in.
+const Corners& CursorPaneCorners();
+
 /// Draws the plot on show with axes, labels and traces; an excitation plot as three graphs. On the
 /// main picture the measurements beside the graph are shown as well.
 void PlotGraphOn(Surface& surface);

@@ -2,13 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
-#include <utility>
 
 #include "persistence/setup_file.h"
 #include "platform/number_text.h"
 #include "platform/numbers.h"
 #include "plot/axis_scaling.h"
 #include "plot/cursor.h"
+#include "plot/manual_scales.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
 
@@ -169,66 +169,12 @@ void frmPlotScaleEntry::optTimeManual_Click() try {
   ReportFailure("optTimeManual_Click", "frmPlotScaleEntry");
 }
 
-/// Boxes are in the divided units of the axis texts; the divisor returns to plotted units.
-void frmPlotScaleEntry::TakeManualAmplitude() {
-  scale.LeftMax = ToSingle(BoxValue(txtLeftMax) * scale.LeftMag);
-  scale.LeftMin = ToSingle(BoxValue(txtLeftMin) * scale.LeftMag);
-  if (scale.LeftMax == scale.LeftMin) {
-    scale.LeftMax = ToSingle(static_cast<double>(scale.LeftMax) + 1);
-  }
-  scale.RightMax = ToSingle(BoxValue(txtRightMax) * scale.RightMag);
-  scale.RightMin = ToSingle(BoxValue(txtRightMin) * scale.RightMag);
-  if (scale.RightMax == scale.RightMin) {
-    scale.RightMax = ToSingle(static_cast<double>(scale.RightMax) + 1);
-  }
-}
-
-void frmPlotScaleEntry::TakeManualTimeWindow() {
-  scale.TimeLower = Finite(std::fabs(BoxValue(txtTimeLower)) * view.TimeScale);
-  scale.TimeUpper = Finite(std::fabs(BoxValue(txtTimeUpper)) * view.TimeScale);
-  if (scale.TimeUpper < scale.TimeLower) {
-    std::swap(scale.TimeUpper, scale.TimeLower);
-  }
-  scale.TimeLower = std::min(std::max(scale.TimeLower, 0.0), 0.95 * design.TimeWindow);
-  scale.TimeUpper = std::min(scale.TimeUpper, design.TimeWindow);
-  // The window snaps to whole samples.
-  scale.FirstPlotPt = ToInt32(Int(design.SampleRateHz * scale.TimeLower + 0.5));
-  scale.TimeLower = Quotient(scale.FirstPlotPt, design.SampleRateHz);
-  scale.LastPlotPt = ToInt32(Int(design.SampleRateHz * scale.TimeUpper + 0.5));
-  scale.TimeUpper = Quotient(scale.LastPlotPt, design.SampleRateHz);
-}
-
-void frmPlotScaleEntry::TakeManualFrequencyWindow() {
-  scale.PlotFreqLower = ToSingle(std::fabs(BoxValue(txtFreqLower)) * design.FreqScale);
-  scale.PlotFreqUpper = ToSingle(std::fabs(BoxValue(txtFreqUpper)) * design.FreqScale);
-  if (scale.PlotFreqUpper < scale.PlotFreqLower) {
-    std::swap(scale.PlotFreqUpper, scale.PlotFreqLower);
-  }
-  if (scale.PlotFreqLower < design.FreqStart) {
-    scale.PlotFreqLower = ToSingle(design.FreqStart);
-  }
-  if (scale.PlotFreqLower > 0.95 * design.FreqStop) {
-    scale.PlotFreqLower = ToSingle(0.95 * design.FreqStop);
-  }
-  if (scale.PlotFreqUpper > design.FreqStop) {
-    scale.PlotFreqUpper = ToSingle(design.FreqStop);
-  }
-  // Kept: the guard is 5 % of the start frequency, not a point above the lower limit.
-  if (scale.PlotFreqUpper < 0.05 * design.FreqStart) {
-    scale.PlotFreqUpper = ToSingle(0.05 * design.FreqStart);
-  }
-  // The window snaps to computed points.
-  const auto snap = [](std::int32_t& point, float& frequency) {
-    point = ToInt32(Int(Quotient(frequency - design.FreqStart, design.FreqStep) + 0.5));
-    frequency = ToSingle(point * design.FreqStep + design.FreqStart);
-  };
-  snap(scale.FirstPlotPt, scale.PlotFreqLower);
-  snap(scale.LastPlotPt, scale.PlotFreqUpper);
-}
-
 void frmPlotScaleEntry::cmdPlotScaleOK_Click() try {
   if (!view.AmplAuto) {
-    TakeManualAmplitude();
+    TakeManualAmplitude({.leftMax = BoxValue(txtLeftMax),
+                         .leftMin = BoxValue(txtLeftMin),
+                         .rightMax = BoxValue(txtRightMax),
+                         .rightMin = BoxValue(txtRightMin)});
   }
   if (plot.AmplLog && view.AmplAuto) {
     setup.LogRange = std::clamp(std::fabs(BoxValue(txtLogRng)), 1.0, 200.0);
@@ -242,10 +188,10 @@ void frmPlotScaleEntry::cmdPlotScaleOK_Click() try {
       view.TimeWindowPercent = ToSingle(std::clamp(BoxValue(txtTWindow), 0.25, 99.5));
       writeHalvorneSetup();
     } else {
-      TakeManualTimeWindow();
+      TakeManualTimeWindow(BoxValue(txtTimeLower), BoxValue(txtTimeUpper));
     }
   } else if (!view.FreqAuto) {
-    TakeManualFrequencyWindow();
+    TakeManualFrequencyWindow(BoxValue(txtFreqLower), BoxValue(txtFreqUpper));
   }
   ClearCursor();
   PlotSelect(view.CurrentPlot);

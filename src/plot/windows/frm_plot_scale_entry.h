@@ -38,9 +38,6 @@ class frmPlotScaleEntry final : public ModalDialog {
   void FillAmplitudePage();
   void FillFrequencyPage();
   void FillTimePage();
-  void TakeManualAmplitude();
-  void TakeManualTimeWindow();
-  void TakeManualFrequencyWindow();
 
   FramePages pages;
   QPushButton *cmdPlotScaleOK, *CmdShow[3];
