@@ -10,6 +10,7 @@
 #include "plot/axis_scaling.h"
 #include "plot/cursor.h"
 #include "plot/graph_description.h"
+#include "plot/graph_grid.h"
 #include "plot/held_designs.h"
 #include "plot/held_drawing.h"
 #include "plot/measures.h"
@@ -218,6 +219,7 @@ void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int1
     }
   }
   AxisDrawOn(surface);
+  GridLinesOn(surface);
   ScaleAndLabel(surface, pane, array);
   DrawHeldDesigns(surface, first, last, pane, array);
   surface.SetDrawWidth(1);

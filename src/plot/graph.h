@@ -11,6 +11,10 @@
 
 namespace halvorne {
 
+/// Tops of the captions beside the vertical axes: their names and their units.
+inline constexpr double kLabelY = 6.3;
+inline constexpr double kUnitY = 4.3;
+
 /// Corners of a surface, top left and bottom right, in its logical coordinates.
 struct Corners {
   double x1, y1, x2, y2;

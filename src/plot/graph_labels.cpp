@@ -8,13 +8,11 @@
 #include "platform/numbers.h"
 #include "plot/catalogue.h"
 #include "plot/graph.h"
+#include "plot/graph_grid.h"
 
 namespace halvorne {
 namespace {
 
-// Heights of the captions beside the vertical axes.
-constexpr double kLabelY = 6.3;
-constexpr double kUnitY = 4.3;
 // Where blanks erase the captions that stood there before.
 constexpr double kLeftBlanksX = -1.8;
 constexpr double kRightBlanksX = 10.2;
@@ -48,30 +46,46 @@ void PrintTitle(Surface& surface, std::int16_t pane) {
   }
 }
 
-void PrintFrequencyLimits(Surface& surface, double y) {
-  PrintCentred(surface, scale.FreqLowerText, 0, y);
-  PrintCentred(surface, scale.FreqUpperText, 10, y);
+XAxis TimeAxis() {
+  return {.caption = "Time in " + view.TimeUnit,
+          .lower = scale.TimeLowerText,
+          .upper = scale.TimeUpperText,
+          .from = scale.TimeLower,
+          .to = scale.TimeUpper,
+          .unit = view.TimeScale};
+}
+
+XAxis FrequencyAxis() {
+  return {.caption = "Frequency in " + design.FreqUnit,
+          .lower = scale.FreqLowerText,
+          .upper = scale.FreqUpperText,
+          .from = scale.PlotFreqLower,
+          .to = scale.PlotFreqUpper,
+          .unit = design.FreqScale};
+}
+
+void PrintLimits(Surface& surface, const XAxis& axis, double y) {
+  PrintCentred(surface, axis.lower, 0, y);
+  PrintCentred(surface, axis.upper, 10, y);
+}
+
+void PrintWhole(Surface& surface, const XAxis& axis, double y) {
+  PrintCentred(surface, axis.caption, 5, y);
+  PrintLimits(surface, axis, y);
+  XTickValuesOn(surface, axis, y);
 }
 
 void PrintXAxis(Surface& surface) {
-  if (IsTimePlot(view.CurrentPlot)) {
-    PrintCentred(surface, "Time in " + view.TimeUnit, 5, kXAxisY);
-    PrintCentred(surface, scale.TimeLowerText, 0, kXAxisY);
-    PrintCentred(surface, scale.TimeUpperText, 10, kXAxisY);
-  } else {
-    PrintCentred(surface, "Frequency in " + design.FreqUnit, 5, kXAxisY);
-    PrintFrequencyLimits(surface, kXAxisY);
-  }
+  PrintWhole(surface, IsTimePlot(view.CurrentPlot) ? TimeAxis() : FrequencyAxis(), kXAxisY);
 }
 
 void PrintSpectrumXAxis(Surface& surface) {
   // Kept: on paper the cursor's read-out takes the caption's line, and the limits stand at y = 0.
-  double y = 0;
-  if (surface.Kind() != SurfaceKind::kPrinter || !measured.CursorOn) {
-    y = ReadOutLine(surface);
-    PrintCentred(surface, "Frequency in " + design.FreqUnit, 5, y);
+  if (surface.Kind() == SurfaceKind::kPrinter && measured.CursorOn) {
+    PrintLimits(surface, FrequencyAxis(), 0);
+  } else {
+    PrintWhole(surface, FrequencyAxis(), ReadOutLine(surface));
   }
-  PrintFrequencyLimits(surface, y);
 }
 
 /// Top and bottom of one vertical axis.
@@ -186,6 +200,7 @@ void AxisLabelOn(Surface& surface, std::int16_t pane) try {
     PrintAxisCaption(surface, scale.RightLabel, scale.RightPrefix + scale.RightUnit, 11,
                      kRightBlanksX);
   }
+  YTickValuesOn(surface);
   if (surface.Kind() == SurfaceKind::kMainPicture) {
     ShowPeakText();
   }

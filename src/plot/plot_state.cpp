@@ -5,5 +5,6 @@ namespace halvorne {
 Plot plot;
 PlotScale scale;
 Measured measured;
+Reading reading;
 
 }  // namespace halvorne

@@ -62,8 +62,22 @@ struct Measured {
   std::int16_t GridRow = 0, GridCol = 0;  ///< shared counters of the grid routines
 };
 
+/// A frequency or time that values are compared with.
+struct ReferenceMark {
+  bool Set = false;
+  double Position = 0;  ///< Hz or s
+};
+
+/// What is laid over the graph in the window for the session; it starts with nothing.
+struct Reading {
+  bool GridOn = false;  ///< lines at the ticks, with their values
+  bool BandOn = false;  ///< the measured band edges and pulse widths
+  ReferenceMark FreqMark, TimeMark;
+};
+
 extern Plot plot;
 extern PlotScale scale;
 extern Measured measured;
+extern Reading reading;
 
 }  // namespace halvorne

@@ -24,6 +24,7 @@ void ResetProgram() {
   Reset(scale);
   Reset(measured);
   Reset(comparison);
+  Reset(reading);
   for (int slot = 0; slot < kHeldSlots; ++slot) {
     Drop(slot);
   }
