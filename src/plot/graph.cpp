@@ -8,6 +8,7 @@
 #include "platform/numbers.h"
 #include "platform/vector_registers.h"
 #include "plot/axis_scaling.h"
+#include "plot/band_marks.h"
 #include "plot/cursor.h"
 #include "plot/graph_description.h"
 #include "plot/graph_grid.h"
@@ -227,6 +228,9 @@ void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int1
   DrawFirstTrace(surface, first, last, array);
   if (plot.DualTrace) {
     DrawSecondTrace(surface, first, last, array);
+  }
+  if (pane == 1 || pane == 4) {
+    BandMarksOn(surface);
   }
 } catch (...) {
   ReportFailure("PlotItOn", "PLOTIT");

@@ -17,9 +17,8 @@ std::string LevelText(float level, std::int16_t dBFactor) {
   return Format(log10(level) * dBFactor, "0");
 }
 
-/// Frequency of a fractional point in display units.
-float DisplayFrequency(float point) {
-  return ToSingle(Quotient(point * design.FreqStep + design.FreqStart, design.FreqScale));
+LevelCrossings CrossingsAt(float lower, float upper, float level, std::int16_t dBFactor) {
+  return {lower, upper, level, log10(double{level}) * dBFactor};
 }
 
 /// The first index whose value, as a 32-bit float, lies above the level; `otherwise` where none
@@ -59,6 +58,14 @@ std::int32_t LastAbove(const MeasureBuffer& array, std::int32_t first, std::int3
 
 }  // namespace
 
+float DisplayFrequency(float point) {
+  return ToSingle(Quotient(point * design.FreqStep + design.FreqStart, design.FreqScale));
+}
+
+const char* BandPattern(double lower, double upper) {
+  return lower + upper < 100 ? "0.000" : "0.00";
+}
+
 void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t last, float level,
                 float& lower, float& upper) try {
   const auto between = [&](double point) { return first < point && point < last; };
@@ -86,18 +93,21 @@ void CFBWCalc(MeasureBuffer& array, std::int16_t dBFactor) try {
   double max = 0;
   double min = 0;
   ArrayMaxMin(array, 0, design.NoFreqPts, max, min);
+  measured.Band = {};
   measured.CFBWText[2] = {"dB", design.FreqUnit, design.FreqUnit, "% CF"};
 
   float lower = 0;
   float upper = 0;
   for (measured.GridRow = 3; measured.GridRow <= 5; ++measured.GridRow) {
     auto& row = measured.CFBWText[measured.GridRow];
-    const float level = kMeasureLevels[measured.GridRow - 3];
-    row[0] = LevelText(level, dBFactor);
-    CrossLevel(array, 0, design.NoFreqPts, ToSingle(level * max), lower, upper);
+    const float share = kMeasureLevels[measured.GridRow - 3];
+    row[0] = LevelText(share, dBFactor);
+    const float level = ToSingle(share * max);
+    CrossLevel(array, 0, design.NoFreqPts, level, lower, upper);
+    measured.Band[measured.GridRow - 3] = CrossingsAt(lower, upper, level, dBFactor);
     const double f1 = DisplayFrequency(lower);
     const double f2 = DisplayFrequency(upper);
-    const char* pattern = f1 + f2 < 100 ? "0.000" : "0.00";
+    const char* const pattern = BandPattern(f1, f2);
     row[1] = Format((f1 + f2) / 2, pattern);
     row[2] = Format(f2 - f1, pattern);
     row[3] = Format(Quotient((f2 - f1) * 200, f2 + f1), "0.00");
@@ -113,15 +123,18 @@ void PulseWidthCalc(MeasureBuffer& array) try {
   if (std::abs(min) > max) {
     max = std::abs(min);
   }
+  measured.Pulse = {};
   measured.PulseWidthText[1] = {"dB", view.TimeUnit};
 
   float lower = 0;
   float upper = 0;
   for (measured.GridRow = 2; measured.GridRow <= 4; ++measured.GridRow) {
     auto& row = measured.PulseWidthText[measured.GridRow];
-    const float level = kMeasureLevels[measured.GridRow - 2];
-    row[0] = LevelText(level, 20);
-    CrossLevel(array, 0, ToInt32(design.NoTimePts / 2.0), ToSingle(level * max), lower, upper);
+    const float share = kMeasureLevels[measured.GridRow - 2];
+    row[0] = LevelText(share, 20);
+    const float level = ToSingle(share * max);
+    CrossLevel(array, 0, ToInt32(design.NoTimePts / 2.0), level, lower, upper);
+    measured.Pulse[measured.GridRow - 2] = CrossingsAt(lower, upper, level, 20);
     const double samplesPerUnit = view.TimeScale * design.SampleRateHz;
     row[1] = Format(Quotient(upper, samplesPerUnit) - Quotient(lower, samplesPerUnit), "0.000");
   }

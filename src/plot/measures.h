@@ -20,14 +20,22 @@ inline constexpr std::array<float, 3> kMeasureLevels{0.5F, 0.1F, 0.01F};
 void CrossLevel(const MeasureBuffer& array, std::int32_t first, std::int32_t last, float level,
                 float& lower, float& upper);
 
-/// Centre frequency and bandwidth at 0.5, 0.1 and 0.01 of the largest value, into CFBWText.
+/// Frequency of a fractional point in display units. Failures go up to the caller.
+float DisplayFrequency(float point);
+/// Pattern of the numbers of a band by its edges in display units: three digits behind the point,
+/// two of large ones.
+const char* BandPattern(double lower, double upper);
+
+/// Centre frequency and bandwidth at 0.5, 0.1 and 0.01 of the largest value, into CFBWText, and
+/// where these were crossed into Band.
 /// @param array     one value for each of the points 0 to NoFreqPts
-/// @param dBFactor  10 for power, 20 for amplitude; names the levels only
+/// @param dBFactor  10 for power, 20 for amplitude; names the levels and makes them dB
 void CFBWCalc(MeasureBuffer& array, std::int16_t dBFactor);
 
 /// Pulse width at 0.5, 0.1 and 0.01 of the largest magnitude into PulseWidthText, that magnitude
-/// into PeakAmpl. The magnitude is of the whole record, the widths of its first half, since the
-/// second half holds the wrap-around of the transform.
+/// into PeakAmpl, and where the levels were crossed into Pulse. The magnitude is of the whole
+/// record, the widths of its first half, since the second half holds the wrap-around of the
+/// transform.
 /// @param array  one value for each of the samples 0 to NoTimePts - 1
 void PulseWidthCalc(MeasureBuffer& array);
 

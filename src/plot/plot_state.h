@@ -44,6 +44,13 @@ struct PlotScale {
   std::string PeakUnit;
 };
 
+/// Where a measure found the outermost crossings of one level.
+struct LevelCrossings {
+  float lower = 0, upper = -1;  ///< fractional points; upper below lower: there are none
+  double level = 0;             ///< in the units of MeasBuf
+  double decibels = 0;          ///< the same in dB
+};
+
 /// Its measurements and the cursor.
 struct Measured {
   bool CFBWValid = false;
@@ -51,6 +58,8 @@ struct Measured {
   bool AttenValid = false;
   std::array<std::array<std::string, 4>, 6> CFBWText;        ///< cells of FlexgrdCFBW
   std::array<std::array<std::string, 2>, 5> PulseWidthText;  ///< cells of FlexgrdPulseWidth
+  std::array<LevelCrossings, 3> Band;   ///< what the rows of CFBWText were made of
+  std::array<LevelCrossings, 3> Pulse;  ///< what those of PulseWidthText were made of
   float PeakAmpl = 0;         ///< largest magnitude of the last pulse measure, linear units
   double ImpulsePeak = 0;     ///< PeakAmpl of the impulse in an excitation plot
   std::string PeakAmplText;   ///< peak text of the report, one line
