@@ -1,6 +1,9 @@
 #include "plot/cursor.h"
 
+#include <algorithm>
 #include <cmath>
+#include <cstddef>
+#include <optional>
 #include <string>
 
 #include "platform/failure.h"
@@ -9,7 +12,9 @@
 #include "platform/numbers.h"
 #include "plot/graph.h"
 #include "plot/graph_description.h"
+#include "plot/graph_position.h"
 #include "plot/plot_state.h"
+#include "plot/reference_mark.h"
 
 namespace halvorne {
 namespace {
@@ -29,21 +34,8 @@ void InvertCursorLine() {
   mainWindow().Picture1().Line(measured.CursorX, 0, measured.CursorX, 10, kCyan);
 }
 
-std::string PositionText(std::int32_t point) {
-  double position = 0;
-  std::string unit;
-  if (IsTimePlot(view.CurrentPlot)) {
-    position = Quotient(Quotient(point, design.SampleRateHz), view.TimeScale);
-    unit = view.TimeUnit;
-  } else {
-    const double span = double{scale.PlotFreqUpper} - scale.PlotFreqLower;
-    const double frequency = Quotient(span * Difference(point, scale.FirstPlotPt),
-                                      Difference(scale.LastPlotPt, scale.FirstPlotPt)) +
-                             scale.PlotFreqLower;
-    position = Quotient(frequency, design.FreqScale);
-    unit = design.FreqUnit;
-  }
-  return " at " + Format(position, "##0.##0") + " " + unit;
+std::string PositionText(double position) {
+  return Format(position, "##0.##0") + " " + PositionUnit();
 }
 
 std::string ValueText(double value, float magnitude, const std::string& prefix,
@@ -55,16 +47,71 @@ std::string ValueText(double value, float magnitude, const std::string& prefix,
   return Format(scaled, "##0.##0") + " " + prefix + unit;
 }
 
-std::string ReadOutText() {
-  const std::int32_t point = mainWindow().CursorValue();
-  const std::string position = PositionText(point);
-  const PlotPoint& values = points.PlotData(point);
-  std::string text = ValueText(values.Y1, scale.LeftMag, scale.LeftPrefix, scale.LeftUnit);
+/// Both values at once, each through `text`: the second only where it is read out.
+template <class Text>
+std::string ValueTexts(const PlotPoint& values, Text text) {
+  std::string both = text(values.Y1, scale.LeftMag, scale.LeftPrefix, scale.LeftUnit);
   // A spectrum runs on another x scale, so it is not read out.
   if (plot.DualTrace && !plot.SpectrumShown) {
-    text += " / " + ValueText(values.Y2, scale.RightMag, scale.RightPrefix, scale.RightUnit);
+    both += " / " + text(values.Y2, scale.RightMag, scale.RightPrefix, scale.RightUnit);
   }
-  return text + position;
+  return both;
+}
+
+std::string ReadOutText() {
+  const std::int32_t point = mainWindow().CursorValue();
+  const std::string position = PositionText(DisplayPosition(point));
+  return ValueTexts(points.PlotData(point), ValueText) + " at " + position;
+}
+
+/// As ValueText; but no difference is a plain zero.
+std::string DifferenceText(double value, float magnitude, const std::string& prefix,
+                           const std::string& unit) {
+  return value == 0 ? Format(0, "0.000") + " " + prefix + unit
+                    : ValueText(value, magnitude, prefix, unit);
+}
+
+/// From the reference mark to the cursor; empty without a mark.
+std::string DifferencesText() {
+  const std::optional<std::int32_t> mark = MarkPoint();
+  if (!mark) {
+    return "";
+  }
+  const std::int32_t point = mainWindow().CursorValue();
+  const PlotPoint& here = points.PlotData(point);
+  const PlotPoint& there = points.PlotData(*mark);
+  return "   \u0394 " + ValueTexts({here.Y1 - there.Y1, here.Y2 - there.Y2}, DifferenceText) +
+         ", " + PositionText(DisplayPosition(point) - DisplayPosition(*mark));
+}
+
+/// Room for the read-out on its line: the picture's width, or what a spectrum's axis leaves.
+double ReadOutRoom(const Surface& surface) {
+  constexpr double width = 13.8;
+  if (!plot.SpectrumShown) {
+    return width;
+  }
+  return 10 -
+         std::max(surface.TextWidth(scale.FreqLowerText), surface.TextWidth(scale.FreqUpperText));
+}
+
+/// Blanks that erase whatever read-out stood in that room.
+std::string BlanksOver(const Surface& surface) {
+  const double count = std::ceil(Quotient(ReadOutRoom(surface), surface.TextWidth(" ")));
+  return std::string(static_cast<std::size_t>(count), ' ');
+}
+
+/// Prints a read-out with its differences on its line, in smaller letters where they don't fit.
+void PrintReadOut(Surface& surface, const std::string& text, double y) {
+  constexpr double size = 8;
+  const double width = surface.TextWidth(text);
+  const double room = ReadOutRoom(surface);
+  if (width <= room) {
+    PrintCentred(surface, text, 5, y);
+    return;
+  }
+  surface.SetFontSize(size * room / width);
+  PrintCentred(surface, text, 5, y);
+  surface.SetFontSize(size);
 }
 
 /// Puts the cursor on the first point shown that is better than `best` and all before it.
@@ -131,6 +178,28 @@ void HScroll1_Change() try {
   ReportFailure("HScroll1_Change", kWindow);
 }
 
+void PutCursorAt(std::int32_t point) {
+  if (!measured.CursorOn) {
+    Cursor1_Click();
+  }
+  mainWindow().SetCursorValue(point);
+}
+
+void RedrawKeepingCursor() try {
+  MainWindow& window = mainWindow();
+  const bool on = measured.CursorOn;
+  const std::int32_t point = window.CursorValue();
+  if (on) {
+    Cursor1_Click();
+  }
+  PlotGraphOn(window.Picture1());
+  if (on) {
+    PutCursorAt(point);
+  }
+} catch (...) {
+  ReportFailure("RedrawKeepingCursor", kWindow);
+}
+
 void FindMax_Click() try {
   PutCursorOnExtreme(-1e99, [](double value, double best) { return value > best; });
 } catch (...) {
@@ -146,8 +215,14 @@ void FindMin_Click() try {
 void CursorPrint(Surface& surface, bool on) try {
   measured.ReadOut = on ? ReadOutText() : std::string();
   const double y = ReadOutLine(surface);
-  PrintCentred(surface, setup.CursorBlank, 5, y);
-  PrintCentred(surface, measured.ReadOut, 5, y);
+  if (surface.Kind() == SurfaceKind::kMainPicture && MarkSet()) {
+    measured.ReadOut += on ? DifferencesText() : std::string();
+    PrintCentred(surface, BlanksOver(surface), 5, y);
+    PrintReadOut(surface, measured.ReadOut, y);
+  } else {
+    PrintCentred(surface, setup.CursorBlank, 5, y);
+    PrintCentred(surface, measured.ReadOut, 5, y);
+  }
   if (!on && plot.SpectrumShown) {
     AxisLabelOn(surface, 5);
   }

@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include "platform/surface.h"
 
 // The cursor: a dotted vertical line across the graph, moved with the scroll bar, whose point is
@@ -14,12 +16,20 @@ void Cursor1_Click();
 /// Moves the cursor to the scroll bar's value; nothing while it is off.
 void HScroll1_Change();
 
-/// Writes the read-out of the scroll bar's point under the graph, or erases it.
+/// Writes the read-out of the scroll bar's point under the graph, or erases it. On the main picture
+/// it also tells the differences from the reference mark, if there is one.
 /// @param surface  in the scale of the graph that the cursor stands in
 void CursorPrint(Surface& surface, bool on);
 
 /// Turns the cursor off before the picture changes and makes its button work again.
 void ClearCursor();
+
+/// Puts the cursor, turned on if need be, on a point; one outside the window shown is its edge.
+/// Failures go up to the caller.
+void PutCursorAt(std::int32_t point);
+
+/// Draws the graph anew on the main picture with the cursor, if it is on, where it stood.
+void RedrawKeepingCursor();
 
 /// Put the cursor, turned on if need be, on the first extreme of the first trace within the window
 /// shown.

@@ -15,6 +15,7 @@
 #include "plot/held_designs.h"
 #include "plot/held_drawing.h"
 #include "plot/measures.h"
+#include "plot/reference_mark.h"
 #include "plot/trace.h"
 #include "plot/trace_colours.h"
 
@@ -231,6 +232,7 @@ void PlotItOn(Surface& surface, std::int32_t first, std::int32_t last, std::int1
   }
   if (pane == 1 || pane == 4) {
     BandMarksOn(surface);
+    ReferenceMarkOn(surface);
   }
 } catch (...) {
   ReportFailure("PlotItOn", "PLOTIT");

@@ -1,7 +1,13 @@
 #include "plot/graph_description.h"
 
+#include <cstdint>
+#include <optional>
+
+#include "platform/number_text.h"
+#include "plot/graph_position.h"
 #include "plot/held_legend.h"
 #include "plot/plot_state.h"
+#include "plot/reference_mark.h"
 
 namespace halvorne {
 namespace {
@@ -28,6 +34,10 @@ std::string GraphDescription() {
   if (plot.DualTrace) {
     words += AxisSentence("Right axis " + scale.RightLabel, scale.RightPrefix + scale.RightUnit,
                           scale.RightMinText, scale.RightMaxText);
+  }
+  if (const std::optional<std::int32_t> mark = MarkPoint()) {
+    words += " Reference mark at " + Format(DisplayPosition(*mark), "##0.##0") + " " +
+             PositionUnit() + ".";
   }
   if (!measured.ReadOut.empty()) {
     words += " Cursor " + measured.ReadOut + ".";
