@@ -15,9 +15,11 @@
 #include <cstdio>
 #include <filesystem>
 #include <stdexcept>
+#include <utility>
 
 #include "platform/messages.h"
 #include "platform/paths.h"
+#include "plot/cursor.h"
 #include "plot/plot_select.h"
 #include "shell/frm_halvorne_main.h"
 #include "shell/menu_table.h"
@@ -67,6 +69,7 @@ class Pictures {
     window.show();
     Open("burst_3mhz_dispersive");
     TakePlots();
+    TakeReadings();
     TakeWindows();
     TakeStack();
     TakeTuning();
@@ -122,6 +125,30 @@ class Pictures {
     Save(window_->grab(), QStringLiteral("frmHalvorneMain"));
   }
 
+  void ChooseForm(int index) {
+    window_->findChild<QComboBox*>(QStringLiteral("PlotType"))->setCurrentIndex(index);
+    PlotType_Click();
+  }
+
+  /// What can be laid over the graph.
+  void TakeReadings() {
+    Command("mnuView2WayItem(0)")->trigger();
+    const int before = window_->PlotTypeIndex();
+    ChooseForm(1);
+    for (const auto& [entry, name] :
+         {std::pair{"mnuGraphGrid", "reading_grid"}, std::pair{"mnuGraphBand", "reading_band"}}) {
+      Command(entry)->trigger();
+      TakeGraph(QLatin1String(name));
+      Command(entry)->trigger();
+    }
+    Command("mnuGraphMark")->trigger();
+    window_->SetCursorValue(window_->CursorValue() * 3 / 4);
+    TakeGraph(QStringLiteral("reading_mark"));
+    Command("mnuGraphMark")->trigger();
+    Cursor1_Click();
+    ChooseForm(before);
+  }
+
   /// The commands that open a window of the program and wait for it.
   static bool OpensWindow(const QString& name) {
     return name.startsWith(QStringLiteral("mnuInput")) ||
@@ -139,6 +166,7 @@ class Pictures {
       }
     });
     look.start(1);
+    Command("mnuGraphGoTo")->trigger();
     for (const MenuRow& row : MenuTable()) {
       QAction* const command = Command(row.name);
       if (command != nullptr && command->isEnabled() && OpensWindow(QLatin1String(row.name))) {

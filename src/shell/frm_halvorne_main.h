@@ -99,6 +99,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   // Layout.
   void MakeMenus();
   void MakeGraphMenu();
+  void AddReadOffEntries();
   QAction* MakeMenuItem(const MenuRow& row);
   void MakeToolbar();
   void MakeGraphControls();
@@ -143,6 +144,9 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void ViewInputs(const char* procedure);
   void PreviewReport(const char* procedure);
   void PrintReport(const char* procedure);
+  void mnuGraphGrid_Click();
+  void mnuGraphBand_Click();
+  void mnuGraphGoTo_Click();
   void Picture1_DblClick();
   void Picture2_Click();
   void picStack_DblClick(const StackPart& part);

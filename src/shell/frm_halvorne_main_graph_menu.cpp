@@ -17,6 +17,7 @@ void frmHalvorneMain::MakeGraphMenu() {
                  .name = "mnuGraphTune",
                  .caption = QStringLiteral("&Tune..."),
                  .procedure = [this] { mnuGraphTune_Click(); }});
+  AddReadOffEntries();
 }
 
 void frmHalvorneMain::mnuGraphTune_Click() try {

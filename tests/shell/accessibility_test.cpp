@@ -6,14 +6,15 @@
 #include "plot/plot_state.h"
 #include "shell/accessible_names.h"
 #include "shell/frm_startup.h"
-#include "shell/window_test.h"
+#include "shell/graph_menu_input.h"
 
 // The program for people who can't see the screen.
 
 namespace halvorne::testing {
 namespace {
 
-/// A window and the way to it: a command of the menus, then buttons of the windows that it opens.
+/// A window and the way to it: a command of the menus or of the graph's menu, then buttons of the
+/// windows that it opens.
 struct WayToWindow {
   const char* window;
   const char* command;
@@ -21,15 +22,22 @@ struct WayToWindow {
 };
 
 const WayToWindow kWindows[] = {
-    {"frmSizeEntry", "mnuInputSz"},         {"frmElecTermEntry", "mnuInputElTerm"},
-    {"frmAcoustLoad", "mnuInputLoad"},      {"frmFreqEntry", "mnuInputFreqPts"},
-    {"frmTimeEntry", "mnuInputTimePts"},    {"frmElNetEntry", "mnuInputElNet"},
-    {"frmExcite", "mnuOptionsItem(0)"},     {"frmPlotScaleEntry", "mnuOptionsItem(1)"},
-    {"frmDisplayOpt", "mnuOptionsItem(2)"}, {"frmAbout", "mnuHelpItem(3)"},
-    {"frmInputList", "mnuInputView"},       {"frmHalvorneReport", "mnuFileItem(5)"},
+    {"frmSizeEntry", "mnuInputSz"},
+    {"frmElecTermEntry", "mnuInputElTerm"},
+    {"frmAcoustLoad", "mnuInputLoad"},
+    {"frmFreqEntry", "mnuInputFreqPts"},
+    {"frmTimeEntry", "mnuInputTimePts"},
+    {"frmElNetEntry", "mnuInputElNet"},
+    {"frmExcite", "mnuOptionsItem(0)"},
+    {"frmPlotScaleEntry", "mnuOptionsItem(1)"},
+    {"frmDisplayOpt", "mnuOptionsItem(2)"},
+    {"frmAbout", "mnuHelpItem(3)"},
+    {"frmInputList", "mnuInputView"},
+    {"frmHalvorneReport", "mnuFileItem(5)"},
+    {"frmGoTo", "mnuGraphGoTo"},
 };
 
-class Accessibility : public WindowTest {
+class Accessibility : public GraphMenuInput {
  protected:
   void LookAt(const QWidget& window) {
     for (const std::string& fault : NamingFaults(window)) {
@@ -65,7 +73,8 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasAName) {
       LookAt(window);
       window.close();
     });
-    ClickMenu(way.command);
+    std::string_view(way.command).starts_with("mnuGraph") ? ChooseFromGraphMenu(way.command)
+                                                          : ClickMenu(way.command);
     EXPECT_TRUE(script.Finished());
   }
 }

@@ -49,6 +49,12 @@ TEST_F(HelpTopics, TellOfEveryEntryOfTheMenus) {
   EXPECT_TRUE(HasTopic("mnuFileArray(0)")) << "the files of the session";
 }
 
+TEST_F(HelpTopics, TellOfTheEntriesThatHelpToReadTheGraph) {
+  for (const char* entry : {"mnuGraphGrid", "mnuGraphBand", "mnuGraphMark", "mnuGraphGoTo"}) {
+    EXPECT_TRUE(HasTopic(entry)) << entry;
+  }
+}
+
 TEST_F(HelpTopics, TellOfEveryButtonOfTheToolbar) {
   StartProgram();
   const auto tools = Find<QWidget>("Picture2")->findChildren<QAbstractButton*>();
