@@ -10,6 +10,7 @@
 #include <QComboBox>
 #include <QDir>
 #include <QFile>
+#include <QKeyEvent>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -130,7 +131,7 @@ class Pictures {
     PlotType_Click();
   }
 
-  /// What can be laid over the graph.
+  /// What can be laid over the graph, and the rectangle that zooms.
   void TakeReadings() {
     Command("mnuView2WayItem(0)")->trigger();
     const int before = window_->PlotTypeIndex();
@@ -146,6 +147,10 @@ class Pictures {
     TakeGraph(QStringLiteral("reading_mark"));
     Command("mnuGraphMark")->trigger();
     Cursor1_Click();
+    Command("mnuGraphZoom")->trigger();
+    TakeGraph(QStringLiteral("zoom"));
+    QKeyEvent escape(QEvent::KeyPress, Qt::Key_Escape, Qt::NoModifier);
+    QApplication::sendEvent(window_->findChild<QWidget*>(QStringLiteral("Picture1")), &escape);
     ChooseForm(before);
   }
 

@@ -18,6 +18,7 @@
 #include "platform/qt/picture_box.h"
 #include "shell/cursor_bar.h"
 #include "shell/graph_menu.h"
+#include "shell/graph_pointer.h"
 #include "shell/measurement_grid.h"
 #include "shell/menu_table.h"
 #include "shell/stack_box.h"
@@ -100,6 +101,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   void MakeMenus();
   void MakeGraphMenu();
   void AddReadOffEntries();
+  void AddScaleEntries();
   QAction* MakeMenuItem(const MenuRow& row);
   void MakeToolbar();
   void MakeGraphControls();
@@ -178,6 +180,7 @@ class frmHalvorneMain final : public QMainWindow, public MainWindow {
   QWidget* Picture2 = nullptr;
   std::vector<QWidget*> toolbar_;
   PictureBox* Picture = nullptr;
+  GraphPointer* pointer_ = nullptr;
   GraphMenu* mnuGraph = nullptr;
   QLabel* LblPlotType = nullptr;
   QComboBox* PlotType = nullptr;

@@ -18,6 +18,7 @@ void frmHalvorneMain::MakeGraphMenu() {
                  .caption = QStringLiteral("&Tune..."),
                  .procedure = [this] { mnuGraphTune_Click(); }});
   AddReadOffEntries();
+  AddScaleEntries();
 }
 
 void frmHalvorneMain::mnuGraphTune_Click() try {

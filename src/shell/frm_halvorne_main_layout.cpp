@@ -167,6 +167,7 @@ void frmHalvorneMain::MakeGraphControls() {
   Picture = Named(new PictureBox(ground), QStringLiteral("Picture1"));
   Picture->setAccessibleName(QStringLiteral("Graph"));
   Picture->installEventFilter(this);
+  pointer_ = new GraphPointer(Picture);
   Cursor1 = Named(new QPushButton(QStringLiteral("&Cursor"), ground), QStringLiteral("Cursor1"));
   Cursor1->setToolTip(QStringLiteral("Cursor on or off"));
   HScroll1 = Named(new CursorBar(ground), QStringLiteral("HScroll1"));

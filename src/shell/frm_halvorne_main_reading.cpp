@@ -1,12 +1,13 @@
 #include "platform/failure.h"
 #include "plot/cursor.h"
+#include "plot/manual_scales.h"
 #include "plot/plot_state.h"
 #include "plot/reference_mark.h"
 #include "plot/windows/frm_go_to.h"
 #include "shell/frm_halvorne_main.h"
 
-// The entries of the graph's menu that help to read it: what is laid over it and where the
-// cursor goes.
+// The entries of the graph's menu that help to read it: what is laid over it, where the cursor
+// goes, and which part of it is shown.
 
 namespace halvorne {
 
@@ -32,6 +33,19 @@ void frmHalvorneMain::AddReadOffEntries() {
                  .caption = QStringLiteral("G&o To..."),
                  .procedure = [this] { mnuGraphGoTo_Click(); },
                  .shortcut = "Ctrl+G"});
+}
+
+void frmHalvorneMain::AddScaleEntries() {
+  mnuGraph->Add({.group = GraphGroup::kScales,
+                 .name = "mnuGraphZoom",
+                 .caption = QStringLiteral("&Zoom with Keys"),
+                 .procedure = [this] { pointer_->ZoomByKeys(); }});
+  mnuGraph->Add({.group = GraphGroup::kScales,
+                 .name = "mnuGraphAutomatic",
+                 .caption = QStringLiteral("&Automatic Scales"),
+                 .procedure = [] { AutomaticScales(); },
+                 .shortcut = "Ctrl+0",
+                 .available = [] { return DesignIsOpen() && ScaledByHand(); }});
 }
 
 void frmHalvorneMain::mnuGraphGrid_Click() try {

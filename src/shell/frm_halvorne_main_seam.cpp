@@ -98,6 +98,7 @@ void frmHalvorneMain::SetCaption(const std::string& caption) {
 }
 
 void frmHalvorneMain::EnableItems(bool open) {
+  pointer_->Drop();
   halvorne::EnableItems(open);
   PlaceStack();
   picStack->Follow();

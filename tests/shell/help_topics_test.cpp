@@ -50,7 +50,8 @@ TEST_F(HelpTopics, TellOfEveryEntryOfTheMenus) {
 }
 
 TEST_F(HelpTopics, TellOfTheEntriesThatHelpToReadTheGraph) {
-  for (const char* entry : {"mnuGraphGrid", "mnuGraphBand", "mnuGraphMark", "mnuGraphGoTo"}) {
+  for (const char* entry : {"mnuGraphGrid", "mnuGraphBand", "mnuGraphMark", "mnuGraphGoTo",
+                            "mnuGraphZoom", "mnuGraphAutomatic"}) {
     EXPECT_TRUE(HasTopic(entry)) << entry;
   }
 }

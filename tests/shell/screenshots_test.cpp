@@ -12,6 +12,7 @@
 
 #include "engine/design_model.h"
 #include "platform/qt/help_viewer.h"
+#include "plot/plot_state.h"
 #include "shell/dark_palette.h"
 #include "shell/frm_startup.h"
 #include "shell/layout_check.h"
@@ -209,11 +210,51 @@ class Screenshots : public WindowTest, public ::testing::WithParamInterface<Desk
     ClickMenu("mnuView2WayItem(3)");
     ChooseForm(1);
     Take(*main, "frmHalvorneMain_excitation");
+    TakeReadings();
     ClickMenu("mnuView2WayItem(0)");
     main->resize(main->minimumSize());
     Take(*main, "frmHalvorneMain_smallest");
     main->resize(screen_);
     Take(*main, "frmHalvorneMain_largest");
+  }
+
+  /// Everything that can be laid over a graph.
+  void TakeReadings() {
+    for (const char* entry : {"mnuGraphGrid", "mnuGraphBand"}) {
+      Action(entry)->trigger();
+    }
+    const struct {
+      const char* menu;
+      int form;
+    } plots[] = {{"mnuViewTxZ", 0},
+                 {"mnuView2WayItem(0)", 1},
+                 {"mnuView2WayItem(2)", 8},
+                 {"mnuView2WayItem(3)", 3}};
+    for (const auto& [menu, form] : plots) {
+      ClickMenu(menu);
+      ChooseForm(form);
+      Action("mnuGraphMark")->trigger();
+      QTest::keyClick(Find<QWidget>("HScroll1"), Qt::Key_PageUp);
+      const std::string name =
+          "frmHalvorneMain_read_" + std::to_string(view.CurrentPlot) + "_" + std::to_string(form);
+      Take(*main, name);
+      const QSize size = main->size();
+      main->resize(main->minimumSize());
+      Click("Cursor1");
+      Take(*main, name + "_smallest");
+      main->resize(size);
+      Click("Cursor1");
+      Action("mnuGraphMark")->trigger();
+      Click("Cursor1");
+    }
+    ClickMenu("mnuView2WayItem(0)");
+    Action("mnuGraphZoom")->trigger();
+    Take(*main, "frmHalvorneMain_zoom");
+    QTest::keyClick(Find<QWidget>("Picture1"), Qt::Key_Escape);
+    TakeDialog("frmGoTo", {}, [&] { Action("mnuGraphGoTo")->trigger(); });
+    for (const char* entry : {"mnuGraphGrid", "mnuGraphBand"}) {
+      Action(entry)->trigger();
+    }
   }
 
   void OpenSample(const std::string& name) {
