@@ -69,7 +69,8 @@ DigitText ToText(std::uint64_t number, int digits) {
 /// copy of fixed length costs less than one that has to be counted.
 char* WriteFixed(char* out, const DigitText& digits, int exponent) {
   if (exponent < 0) {
-    std::memcpy(out, "0.000", 5);
+    constexpr std::array zeros = {'0', '.', '0', '0', '0'};
+    std::memcpy(out, zeros.data(), zeros.size());
     out += 1 - exponent;
     std::memcpy(out, digits.characters, kDigitRoom);
     return out + digits.count;

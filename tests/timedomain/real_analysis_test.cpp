@@ -64,7 +64,7 @@ TEST_F(RealAnalysis, MakesTheSineOfACosineOfTheLargestLength) {
   }
   const Result result = Analyse(samples);
   ASSERT_TRUE(result.done);
-  EXPECT_NEAR(result.re[1000], kSamples / 2, 1e-7);
+  EXPECT_NEAR(result.re[1000], kSamples / 2.0, 1e-7);
   EXPECT_NEAR(result.im[999], 0, 1e-7);
   for (int i = 0; i < kSamples; ++i) {
     ASSERT_NEAR(result.quadrature[i], std::sin(2 * M_PI * 1000 * i / kSamples), 1e-12) << i;
