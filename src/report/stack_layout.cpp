@@ -142,10 +142,10 @@ void Spread(std::vector<StackLabel>& labels, double line, double top, double bot
     free = label.y + line;
   }
   free = bottom;
-  for (auto label = labels.rbegin(); label != labels.rend(); ++label) {
-    label->y = std::min(label->y, free - line);
-    free = label->y;
-  }
+  std::for_each(labels.rbegin(), labels.rend(), [&](StackLabel& label) {
+    label.y = std::min(label.y, free - line);
+    free = label.y;
+  });
 }
 
 /// Labels from the front on. Where there is no room for all, thin slabs go without.

@@ -1,3 +1,4 @@
+#include <QLayout>
 #include <algorithm>
 
 #include "dialogs/enter_layers.h"
