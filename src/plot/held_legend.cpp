@@ -22,22 +22,6 @@ double Bottom(std::int16_t pane) {
   return pane == 4 ? -3.7 : -2;
 }
 
-/// The longest text that fits, at the end "..." where something is missing. No character of
-/// several bytes is cut apart.
-std::string Fitted(const Surface& surface, const std::string& text, double width) {
-  if (surface.TextWidth(text) <= width) {
-    return text;
-  }
-  const auto isInside = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
-  std::string cut = text;
-  while (!cut.empty() && surface.TextWidth(cut + "...") > width) {
-    do {
-      cut.pop_back();
-    } while (!cut.empty() && isInside(text[cut.size()]));
-  }
-  return cut + "...";
-}
-
 /// Where the entries stand.
 struct Places {
   double top = 0;
@@ -62,10 +46,24 @@ void DrawEntry(Surface& surface, const LegendEntry& entry, Point place, double w
   surface.SetDrawWidth(1);
   surface.SetForeColor(kBlack);
   const double text = place.x + kSample + kGap;
-  PrintAt(surface, text, place.y, Fitted(surface, entry.text, place.x + width - kGap - text));
+  PrintAt(surface, text, place.y, FittedText(surface, entry.text, place.x + width - kGap - text));
 }
 
 }  // namespace
+
+std::string FittedText(const Surface& surface, const std::string& text, double width) {
+  if (surface.TextWidth(text) <= width) {
+    return text;
+  }
+  const auto isInside = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  std::string cut = text;
+  while (!cut.empty() && surface.TextWidth(cut + "...") > width) {
+    do {
+      cut.pop_back();
+    } while (!cut.empty() && isInside(text[cut.size()]));
+  }
+  return cut + "...";
+}
 
 std::vector<LegendEntry> Legend() {
   std::vector<LegendEntry> entries;

@@ -23,6 +23,10 @@ std::vector<LegendEntry> Legend();
 /// @param pane  1 or 4, whose room below the box differs
 void DrawLegend(Surface& surface, std::int16_t pane);
 
+/// The longest begin of a text that fits into a width, in the surface's units, at its end "..."
+/// where something is missing. No character of several bytes is cut apart.
+std::string FittedText(const Surface& surface, const std::string& text, double width);
+
 /// The legend in a sentence for those who can't see it; empty while no design is held.
 std::string LegendSentence();
 
