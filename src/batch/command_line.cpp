@@ -23,8 +23,8 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 26>& Options() {
-  static const std::array<Option, 26> options{{
+const std::array<Option, 27>& Options() {
+  static const std::array<Option, 27> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
@@ -35,6 +35,7 @@ const std::array<Option, 26>& Options() {
        "D",
        kDetail,
        "the report with the layers' material (1) or without (2); default 1"},
+      {{"reference"}, "R", kReference, "reference of a Touchstone file in ohms; default 50"},
       {{"paper"}, "NAME", kPaper, "paper of the report: A4 (default) or Letter"},
       {{"measure"},
        "NAME",
@@ -210,6 +211,9 @@ void ReadWords(const QStringList& words, Request& request) {
     throw WrongCommandLine("the design file is missing");
   }
   request.in = Bytes(words[1]);
+  for (const QString& other : words.mid(2)) {
+    request.others.push_back(Bytes(other));
+  }
 }
 
 void ReadOutput(const QCommandLineParser& parser, Request& request) {
@@ -298,7 +302,7 @@ Request ReadCommand(const QCommandLineParser& parser) {
     throw WrongCommandLine("there is no command '" + Bytes(words[0]) +
                            "'; 'halvorne-batch help' lists all");
   }
-  if (words.size() > 2) {
+  if (words.size() > 2 && (request.command->takes & kManyDesigns) == 0) {
     throw WrongCommandLine("'" + Bytes(words[2]) + "' is one word too many");
   }
   RefuseForeignOptions(parser, *request.command);
@@ -313,6 +317,7 @@ Request ReadCommand(const QCommandLineParser& parser) {
     request.form = WholeNumber(parser, "form", 0, 1000, 0);
   }
   request.detail = WholeNumber(parser, "detail", 1, 2, request.detail);
+  request.reference = Number(parser, "reference", 1e-6, 1e9, request.reference);
   request.paper = PaperOf(parser);
   request.pane = PaneOf(parser, request.plot);
   request.size = SizeOf(parser);

@@ -22,7 +22,8 @@ struct Request {
   const Command* command = nullptr;
   std::string topic;  ///< of help and of materials: what about
   std::string in;
-  std::string out;  ///< empty: standard output
+  std::vector<std::string> others;  ///< of compare: the designs behind the first one
+  std::string out;                  ///< empty: standard output
   bool force = false;
   bool recalc = false;
   bool acceptAliasing = false;
@@ -31,6 +32,7 @@ struct Request {
   Pane pane = Pane::kResponse;
   int detail = 1;            ///< 1 full, 2 partial
   std::string paper = "A4";  ///< of the report
+  double reference = 50;     ///< of a Touchstone file, ohms
   QSize size;                ///< pixels of 1/96 inch; not valid when none was given
   std::vector<MaterialChoice> materials;
   std::vector<Setting> settings;

@@ -1,5 +1,6 @@
 #include "batch/commands.h"
 
+#include "batch/comparison.h"
 #include "batch/contact_sheet.h"
 #include "batch/curve_tables.h"
 #include "batch/design_session.h"
@@ -9,13 +10,18 @@
 #include "batch/material_csv.h"
 #include "batch/measurements.h"
 #include "batch/output.h"
-#include "batch/plot_pictures.h"
 #include "batch/report_files.h"
 #include "batch/stops.h"
 #include "persistence/design_file.h"
+#include "persistence/touchstone_file.h"
 #include "persistence/version.h"
 #include "platform/file_failure.h"
+#include "platform/qt/text.h"
+#include "plot/graph.h"
 #include "plot/plot_select.h"
+#include "plot/plot_state.h"
+#include "plot/windows/plot_pictures.h"
+#include "report/stack_drawing.h"
 #include "report/text_exports.h"
 
 namespace halvorne::batch {
@@ -56,21 +62,40 @@ void RunInspect(Session& session) {
   WriteOutput(session, Inspection(session.window));
 }
 
+/// The size that is asked for, or else the usual one.
+QSize SizeOr(const Request& request, QSize usual) {
+  return request.size.isValid() ? request.size : usual;
+}
+
+/// PNG on standard output.
+PictureFormat FormatOf(const Request& request) {
+  const auto format = request.out.empty() ? PictureFormat::kPng : PictureFormatOf(request.out);
+  if (!format) {
+    throw WrongCommandLine("-o: a picture's name ends in .png, .svg or .pdf, not as " +
+                           request.out);
+  }
+  return *format;
+}
+
 void RunPlot(Session& session) {
-  const PictureFormat format = PictureFormatOf(session.request.out);
+  const PictureFormat format = FormatOf(session.request);
   OpenDesign(session);
   ShowPlot(session);
-  WriteBytes(session, PlotPicture(format, session.request.size));
+  WriteBytes(session, PictureOf(format, SizeOr(session.request, {1000, 620}),
+                                ToQString(plot.PlotTitle), PlotGraphOn));
 }
 
 void RunStack(Session& session) {
-  const PictureFormat format = PictureFormatOf(session.request.out);
+  const PictureFormat format = FormatOf(session.request);
   OpenDesign(session);
-  WriteBytes(session, StackPicture(format, session.request.size));
+  const QSize size = SizeOr(session.request, {640, 480});
+  WriteBytes(session, PictureOf(format, size, QStringLiteral("Stack"), [size](Surface& surface) {
+               DrawStack(surface, StackOfDesign(), size.width(), size.height());
+             }));
 }
 
 void RunContact(Session& session) {
-  if (PictureFormatOf(session.request.out) != PictureFormat::kPng) {
+  if (FormatOf(session.request) != PictureFormat::kPng) {
     throw WrongCommandLine("-o: a contact sheet's name ends in .png");
   }
   OpenDesign(session);
@@ -109,6 +134,12 @@ void RunSaveData(Session& session) {
   OpenDesign(session);
   ShowPlot(session);
   WriteOutputOnceAsked(session, kSaveGraphDataTitle, GraphDataFileTextOrBox);
+}
+
+void RunTouchstone(Session& session) {
+  OpenDesign(session);
+  WriteOutputOnceAsked(session, kSaveTouchstoneTitle,
+                       [&session] { return TouchstoneText(session.request.reference); });
 }
 
 void RunReport(Session& session) {
@@ -175,6 +206,9 @@ constexpr Command kCommands[] = {
      "title, forms, axes and measurements as JSON", RunInspect},
     {"plot", kPlotText | kSize, "plot IN --plot N [--form K] -o FILE [--size WxH]",
      "the picture as the main window shows it", RunPlot},
+    {"compare", kPlotText | kNeedsOutput | kSize | kManyDesigns,
+     "compare IN IN2 ... --plot N [--form K] -o FILE [--size WxH]",
+     "up to 7 designs in one graph with their measurements; or .csv or .json", WriteComparison},
     {"contact", kText | kSize, "contact IN -o FILE.png [--size WxH]",
      "all plots of the design on one sheet, WxH each", RunContact},
     {"stack", kText | kSize, "stack IN -o FILE [--size WxH]",
@@ -187,6 +221,9 @@ constexpr Command kCommands[] = {
      "the plotted values as a table for a spreadsheet's clipboard", RunGraphData},
     {"savedata", kPlotText | kNeedsOutput, "savedata IN --plot N [--form K] -o FILE [--force]",
      "the plotted values as a text file for a spreadsheet", RunSaveData},
+    {"touchstone", kText | kNeedsOutput | kReference,
+     "touchstone IN -o FILE.s1p [--reference R] [--force]",
+     "the electrical input impedance as reflection coefficient S11, one port", RunTouchstone},
     {"report", kInputsText | kPaper | kNeedsOutput,
      "report IN -o FILE [--plot N] [--form K] [--detail D] [--paper NAME]",
      "the design report as .pdf, as .png or as a record of its drawing, .json", RunReport},

@@ -28,9 +28,11 @@ enum Takes : unsigned {
   kNeedsOutput = 64,
   kMaterials = 128,  ///< --table and --find
   kNeedsPlot = 256,
-  kDetail = 512,    ///< --detail
-  kPaper = 1024,    ///< --paper
-  kMeasures = 2048  ///< --measure and --variants
+  kDetail = 512,     ///< --detail
+  kPaper = 1024,     ///< --paper
+  kMeasures = 2048,  ///< --measure and --variants
+  kManyDesigns = 4096,
+  kReference = 8192  ///< --reference
 };
 
 struct Command {

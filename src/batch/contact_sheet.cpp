@@ -5,11 +5,12 @@
 #include <vector>
 
 #include "batch/design_session.h"
-#include "batch/plot_pictures.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "platform/qt/text.h"
 #include "plot/catalogue.h"
+#include "plot/graph.h"
+#include "plot/windows/plot_pictures.h"
 #include "timedomain/view.h"
 
 namespace halvorne::batch {
@@ -95,7 +96,7 @@ QImage ContactSheet(Session& session, std::string& missing) {
     try {
       ShowPlot(session, number);
       QImage place = PartOf(sheet, QRect(corner, cell));
-      DrawPlot(place);
+      DrawOnImage(place, PlotGraphOn);
     } catch (const CommandFailed&) {
       missing += (missing.empty() ? "" : ", ") + std::to_string(number);
     }

@@ -1,24 +1,11 @@
 #include "batch/curve_tables.h"
 
-#include <charconv>
-
-#include "plot/plot_state.h"
-#include "timedomain/sample_rate.h"
+#include "platform/failure.h"
+#include "platform/shortest_number.h"
+#include "plot/curve_csv.h"
 
 namespace halvorne::batch {
 namespace {
-
-/// Adds the shortest text that reads back as the same number.
-void Append(std::string& text, double value) {
-  char digits[32];
-  text.append(digits, std::to_chars(std::begin(digits), std::end(digits), value).ptr);
-}
-
-void AppendRow(std::string& text, double x, double y) {
-  Append(text, x);
-  text += ',';
-  Append(text, y);
-}
 
 double FrequencyAt(std::int32_t point) {
   return point * Quotient(design.FreqStop - design.FreqStart, design.NoFreqPts) + design.FreqStart;
@@ -35,44 +22,24 @@ const TimePoints& PointsOf(Pane pane) {
   }
 }
 
-void AppendSpectrum(std::string& text, const TimePoints& data) {
-  text += "\nx,spectrum\n";
-  for (std::int32_t i = 0; i <= design.NoFreqPts; ++i) {
-    AppendRow(text, FrequencyAt(i), data(i).Y2);
-    text += '\n';
-  }
-}
-
 }  // namespace
 
 std::string RawTable() {
   std::string text = "x,y1,y2\n";
   for (std::int32_t i = 0; i <= design.NoFreqPts; ++i) {
-    AppendRow(text, FrequencyAt(i), points.RawData(i).Y1);
+    AppendShortest(text, FrequencyAt(i));
     text += ',';
-    Append(text, points.RawData(i).Y2);
+    AppendShortest(text, points.RawData(i).Y1);
+    text += ',';
+    AppendShortest(text, points.RawData(i).Y2);
     text += '\n';
   }
   return text;
 }
 
 std::string DataTable(Pane pane) {
-  const TimePoints& data = PointsOf(pane);
-  const bool time = IsTimePlot(view.CurrentPlot);
-  const std::int32_t last = time ? LastSample() : design.NoFreqPts;
-  std::string text = "x,y1,y2\n";
-  for (std::int32_t i = 0; i <= last; ++i) {
-    AppendRow(text, time ? Quotient(i, design.SampleRateHz) : FrequencyAt(i), data(i).Y1);
-    text += ',';
-    if (plot.DualTrace && !plot.SpectrumShown) {
-      Append(text, data(i).Y2);
-    }
-    text += '\n';
-  }
-  if (plot.SpectrumShown) {
-    AppendSpectrum(text, data);
-  }
-  return text;
+  const CsvCurve curve = PresentCurve(PointsOf(pane));
+  return CsvTable({&curve, 1});
 }
 
 }  // namespace halvorne::batch

@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <system_error>
 #include <unistd.h>
+#include <vector>
 
 #include "batch/own_streams.h"
 #include "batch/stops.h"
@@ -74,8 +75,12 @@ bool IsNameTaken(const std::string& name) {
 }  // namespace
 
 void WriteFile(const Session& session, const std::string& file, std::string_view bytes) {
-  if (IsSameFile(session.request.in, file)) {
-    throw WrongCommandLine("-o: " + file + " is the design itself");
+  std::vector<std::string> designs = session.request.others;
+  designs.push_back(session.request.in);
+  for (const std::string& design : designs) {
+    if (IsSameFile(design, file)) {
+      throw WrongCommandLine("-o: " + file + " is the design itself");
+    }
   }
   WriteFile(file, bytes);
 }

@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "batch/output.h"
-#include "batch/plot_pictures.h"
 #include "batch/stops.h"
 #include "platform/qt/page_images.h"
 #include "platform/qt/text.h"
+#include "plot/windows/plot_pictures.h"
 #include "report/report_layout.h"
 #include "report/windows/report_pdf.h"
 

@@ -98,7 +98,9 @@ void DrawLegend(Surface& surface, std::int16_t pane) {
   const double width = (kRight - left) / columns;
   for (int i = 0; i < count; ++i) {
     // Down each column, so that the numbers are found where one looks for them.
-    const Point place{left + i / rows * width, places.top - i % rows * places.lineHeight};
+    const int column = i / rows;
+    const int row = i % rows;
+    const Point place{left + column * width, places.top - row * places.lineHeight};
     DrawEntry(surface, entries[static_cast<std::size_t>(i)], place, width, places.lineHeight);
   }
   surface.SetFontSize(kAxisFont);

@@ -30,7 +30,7 @@ constexpr std::array kRooms = {
     Room{"report", {"report"}, 5},
     Room{"quantities", {"quantities"}, 5},
     Room{"platform/qt", {"qt", "windows"}, kLine},
-    Room{"plot/windows", {"plot_windows"}, 11},
+    Room{"plot/windows", {"plot_windows", "plot_pictures"}, 11},
     Room{"report/windows", {"report_windows", "report_pages"}, 12},
     Room{"dialogs", {"dialogs"}, 13},
     Room{"materials", {"materials", "material_stores"}, 14},

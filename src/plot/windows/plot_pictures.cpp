@@ -1,4 +1,4 @@
-#include "batch/plot_pictures.h"
+#include "plot/windows/plot_pictures.h"
 
 #include <QBuffer>
 #include <QFileInfo>
@@ -9,25 +9,18 @@
 #include <QSvgGenerator>
 #include <functional>
 
-#include "batch/stops.h"
+#include "platform/failure.h"
 #include "platform/qt/painter_surface.h"
 #include "platform/qt/pdf_document.h"
 #include "platform/qt/text.h"
-#include "plot/graph.h"
 #include "plot/plot_state.h"
-#include "report/stack_drawing.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
-constexpr QSize kDefaultSize(1000, 620);
-constexpr QSize kDefaultStackSize(640, 480);
 constexpr int kDotsPerInch = 96;
 constexpr int kDotsPerMetre = 3780;
 constexpr double kPointsPerPixel = 72.0 / kDotsPerInch;
-
-/// Draws on the surface of a picture.
-using Drawing = std::function<void(Surface&)>;
 
 void PaintOn(QPaintDevice& device, const Drawing& draw) {
   PainterSurface surface(device, SurfaceKind::kMainPicture);
@@ -67,27 +60,20 @@ QByteArray PdfPicture(QSize size, const QString& title, const Drawing& draw) {
                  [&draw](QPdfWriter& writer) { PaintOn(writer, draw); });
 }
 
-void Fill(QImage& image, const Drawing& draw) {
-  image.setDotsPerMeterX(kDotsPerMetre);
-  image.setDotsPerMeterY(kDotsPerMetre);
-  image.fill(Qt::white);
-  PaintOn(image, draw);
-}
-
 QImage ImageOf(QSize size, const Drawing& draw) {
   QImage image(size, QImage::Format_RGB32);
   if (image.isNull()) {
-    throw CommandFailed("there is not enough memory for the picture");
+    throw Failure(failure_number::kOutOfMemory, "there is not enough memory for the picture");
   }
-  Fill(image, draw);
+  DrawOnImage(image, draw);
   return image;
 }
 
 }  // namespace
 
-PictureFormat PictureFormatOf(const std::string& fileName) {
+std::optional<PictureFormat> PictureFormatOf(const std::string& fileName) {
   const QString ending = QFileInfo(ToQString(fileName)).suffix().toLower();
-  if (fileName.empty() || ending == "png") {
+  if (ending == "png") {
     return PictureFormat::kPng;
   }
   if (ending == "svg") {
@@ -96,24 +82,26 @@ PictureFormat PictureFormatOf(const std::string& fileName) {
   if (ending == "pdf") {
     return PictureFormat::kPdf;
   }
-  throw WrongCommandLine("-o: a picture's name ends in .png, .svg or .pdf, not as " + fileName);
+  return std::nullopt;
 }
 
-void DrawPlot(QImage& image) {
-  Fill(image, PlotGraphOn);
+void DrawOnImage(QImage& image, const Drawing& draw) {
+  image.setDotsPerMeterX(kDotsPerMetre);
+  image.setDotsPerMeterY(kDotsPerMetre);
+  image.fill(Qt::white);
+  PaintOn(image, draw);
 }
 
 QByteArray PngOf(const QImage& image) {
   QBuffer buffer;
   buffer.open(QIODevice::WriteOnly);
   if (!image.save(&buffer, "PNG")) {
-    throw CommandFailed("the picture could not be encoded");
+    throw Failure(failure_number::kInvalidCall, "the picture could not be encoded");
   }
   return buffer.data();
 }
 
-QByteArray MakePicture(PictureFormat format, QSize size, const QString& title,
-                       const Drawing& draw) {
+QByteArray PictureOf(PictureFormat format, QSize size, const QString& title, const Drawing& draw) {
   switch (format) {
     case PictureFormat::kSvg:
       return SvgPicture(size, title, draw);
@@ -124,16 +112,4 @@ QByteArray MakePicture(PictureFormat format, QSize size, const QString& title,
   }
 }
 
-QByteArray PlotPicture(PictureFormat format, QSize size) {
-  return MakePicture(format, size.isValid() ? size : kDefaultSize, ToQString(plot.PlotTitle),
-                     PlotGraphOn);
-}
-
-QByteArray StackPicture(PictureFormat format, QSize size) {
-  const QSize pixels = size.isValid() ? size : kDefaultStackSize;
-  return MakePicture(format, pixels, QStringLiteral("Stack"), [pixels](Surface& surface) {
-    DrawStack(surface, StackOfDesign(), pixels.width(), pixels.height());
-  });
-}
-
-}  // namespace halvorne::batch
+}  // namespace halvorne
