@@ -11,6 +11,7 @@
 #include <QDir>
 #include <QFile>
 #include <QKeyEvent>
+#include <QMenu>
 #include <QTemporaryDir>
 #include <QTimer>
 #include <cstdio>
@@ -18,6 +19,7 @@
 #include <stdexcept>
 #include <utility>
 
+#include "engine/design_model.h"
 #include "platform/messages.h"
 #include "platform/paths.h"
 #include "plot/cursor.h"
@@ -75,6 +77,7 @@ class Pictures {
     TakeStack();
     TakeTuning();
     TakeTutorial();
+    TakeHeld();
     SetMessages(nullptr);
     return !boxes.failed && saved_;
   }
@@ -217,6 +220,22 @@ class Pictures {
     BackTutorialLoad();
     Recalc();
     TakeTutorialStep("after");
+  }
+
+  /// A design before and after a change, and the menu that holds it.
+  void TakeHeld() {
+    Command("mnuView2WayItem(0)")->trigger();
+    window_->findChild<QComboBox*>(QStringLiteral("PlotType"))->setCurrentIndex(1);
+    Command("mnuGraphHold")->trigger();
+    design.FrontThick(1) *= 1.2;
+    Recalc();
+    TakeGraph(QStringLiteral("mnuGraphHold"));
+    auto* const menu = window_->findChild<QMenu*>(QStringLiteral("mnuGraph"));
+    menu->popup({0, 0});
+    QApplication::processEvents();
+    Save(menu->grab(), QStringLiteral("mnuGraph"));
+    menu->close();
+    Command("mnuGraphDropAll")->trigger();
   }
 
   QDir share_;

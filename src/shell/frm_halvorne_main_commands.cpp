@@ -10,8 +10,10 @@
 #include "platform/qt/text.h"
 #include "plot/plot_select.h"
 #include "plot/plot_state.h"
+#include "plot/shown_picture.h"
 #include "plot/windows/frm_display_opt.h"
 #include "plot/windows/frm_plot_scale_entry.h"
+#include "plot/windows/plot_pictures.h"
 #include "report/text_exports.h"
 #include "shell/frm_about.h"
 #include "shell/frm_halvorne_main.h"
@@ -104,7 +106,8 @@ void frmHalvorneMain::mnuFileItem_Click(int index) try {
 
 void frmHalvorneMain::mnuEditCopyGraph_Click() try {
   Clipboard::Clear();
-  Clipboard::SetData(Picture->Picture().Seen());
+  Clipboard::SetData(Picture->Picture().Seen(), PictureOf(PictureFormat::kSvg, Picture->size(),
+                                                          ToQString(plot.PlotTitle), DrawOnShow));
 } catch (...) {
   ReportFailure("mnuEditCopyGraph_Click", "frmHalvorneMain");
 }

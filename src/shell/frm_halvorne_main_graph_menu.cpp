@@ -4,6 +4,7 @@
 #include "shell/frm_tune.h"
 #include "shell/graph_menu.h"
 #include "shell/hold_items.h"
+#include "shell/take_along_items.h"
 
 // The menu of the graph: which unit adds its entries to it, and how it is opened by keys.
 
@@ -17,6 +18,7 @@ void frmHalvorneMain::MakeGraphMenu() {
                  .name = "mnuGraphTune",
                  .caption = QStringLiteral("&Tune..."),
                  .procedure = [this] { mnuGraphTune_Click(); }});
+  AddTakeAlongItems(*mnuGraph, Picture);
   AddReadOffEntries();
   AddScaleEntries();
 }

@@ -101,7 +101,7 @@ void AddHoldItems(GraphMenu& menu) {
   }
   menu.Add({.group = GraphGroup::kHold,
             .name = "mnuGraphDropAll",
-            .caption = QStringLiteral("&Drop All"),
+            .caption = QStringLiteral("Drop A&ll"),
             .procedure = mnuGraphDropAll_Click,
             .available = UserHoldsAny});
   menu.Add({.group = GraphGroup::kHold,

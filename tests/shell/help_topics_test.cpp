@@ -2,6 +2,7 @@
 
 #include <QAbstractButton>
 #include <QHelpEngine>
+#include <QMenu>
 #include <QRegularExpression>
 #include <QTableWidget>
 #include <QTextBlock>
@@ -54,6 +55,18 @@ TEST_F(HelpTopics, TellOfTheEntriesThatHelpToReadTheGraph) {
                             "mnuGraphZoom", "mnuGraphAutomatic"}) {
     EXPECT_TRUE(HasTopic(entry)) << entry;
   }
+}
+
+TEST_F(HelpTopics, TellOfEveryEntryOfTheGraphsMenu) {
+  StartProgram();
+  int entries = 0;
+  for (const QAction* entry : Find<QMenu>("mnuGraph")->actions()) {
+    if (!entry->isSeparator()) {
+      ++entries;
+      EXPECT_TRUE(HasTopic(entry->objectName().toStdString())) << entry->text().toStdString();
+    }
+  }
+  EXPECT_GT(entries, 11);
 }
 
 TEST_F(HelpTopics, TellOfEveryButtonOfTheToolbar) {

@@ -3,6 +3,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QImage>
+#include <QMimeData>
 
 #include "platform/qt/text.h"
 
@@ -20,8 +21,11 @@ std::string GetText() {
   return FromQString(QGuiApplication::clipboard()->text());
 }
 
-void SetData(const QImage& bitmap) {
-  QGuiApplication::clipboard()->setImage(bitmap);
+void SetData(const QImage& bitmap, const QByteArray& svg) {
+  auto* const both = new QMimeData;  // the clipboard's own from now on
+  both->setImageData(bitmap);
+  both->setData(QStringLiteral("image/svg+xml"), svg);
+  QGuiApplication::clipboard()->setMimeData(both);
 }
 
 }  // namespace halvorne::Clipboard

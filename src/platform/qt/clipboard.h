@@ -2,6 +2,7 @@
 
 #include <string>
 
+class QByteArray;
 class QImage;
 
 namespace halvorne::Clipboard {
@@ -10,6 +11,8 @@ void Clear();
 void SetText(const std::string& text);
 /// The text on the clipboard, empty when there is none.
 std::string GetText();
-void SetData(const QImage& bitmap);
+/// Puts a picture on it in two forms: who pastes takes the one he can do more with.
+/// @param svg  the bytes of an SVG file
+void SetData(const QImage& bitmap, const QByteArray& svg);
 
 }  // namespace halvorne::Clipboard
