@@ -155,8 +155,8 @@ void LookAtHeld(const TimePoints& array, bool spectrum, double from, double to, 
     const double end = static_cast<double>(count) - 1;
     // A rounding of the quotient does not cost the point at the edge.
     const double first = std::clamp(std::ceil(axis.Point(from) - 1e-6), 0.0, end + 1);
-    const double last = std::min(std::floor(axis.Point(to) + 1e-6), end);
-    for (double i = first; i <= last; ++i) {
+    const double last = std::clamp(std::floor(axis.Point(to) + 1e-6), -1.0, end);
+    for (auto i = static_cast<std::ptrdiff_t>(first); i <= static_cast<std::ptrdiff_t>(last); ++i) {
       look(values[static_cast<std::size_t>(i)]);
     }
   }
@@ -190,8 +190,15 @@ void MakeHeldCurves() {
       outdated.push_back(held);
     }
   }
+  if (outdated.empty()) {
+    return;
+  }
   const CataloguePlot* const row = FindPlot(view.CurrentPlot);
-  if (outdated.empty() || row == nullptr) {
+  if (row == nullptr) {
+    for (HeldDesign* held : outdated) {
+      held->curves = NewCurves();
+      held->curves->why = "no such plot";
+    }
     return;
   }
   const PresentState present;

@@ -34,14 +34,17 @@ void DrawHeldTrace(Surface& surface, const HeldTrace& trace) {
   }
   // One point beyond each edge, so that the curve reaches it.
   const double end = static_cast<double>(trace.count) - 1;
-  const double first = std::clamp(std::floor(trace.axis.Point(trace.left)), 0.0, end);
-  const double last = std::clamp(std::ceil(trace.axis.Point(trace.right)), 0.0, end);
+  const auto first =
+      static_cast<std::size_t>(std::clamp(std::floor(trace.axis.Point(trace.left)), 0.0, end));
+  const auto last =
+      static_cast<std::size_t>(std::clamp(std::ceil(trace.axis.Point(trace.right)), 0.0, end));
   static std::vector<Point> curve;  // one buffer for all, as drawing the present traces has
   curve.clear();
-  for (double i = first; i <= last; ++i) {
-    const double value = trace.values[static_cast<std::size_t>(i)].*trace.channel;
+  for (std::size_t i = first; i <= last; ++i) {
+    const double value = trace.values[i].*trace.channel;
     const double y = (value - trace.bottom) * kBoxEnd / height;
-    curve.push_back({(trace.axis.X(i) - trace.left) * kBoxEnd / width, std::clamp(y, -kFar, kFar)});
+    const double x = trace.axis.X(static_cast<double>(i));
+    curve.push_back({(x - trace.left) * kBoxEnd / width, std::clamp(y, -kFar, kFar)});
   }
   DrawWithinBox(surface, curve);
 }

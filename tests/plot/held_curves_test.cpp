@@ -218,6 +218,15 @@ TEST_F(HeldCurvesTest, AreNotDrawnWhereTheDesignCannotShowThePlot) {
       << "no box of a held design comes up";
 }
 
+TEST_F(HeldCurvesTest, AreNoneOfAPlotThatThereIsNot) {
+  Make("Present");
+  Hold();
+  view.CurrentPlot = 99;
+  Drawn();
+  EXPECT_FALSE(Held(0)->curves->shown);
+  EXPECT_EQ(Held(0)->curves->why, "no such plot");
+}
+
 TEST_F(HeldCurvesTest, ShowAnUndersampledWaveformThatWasAcceptedBefore) {
   Make("Present");
   HoldAnother("Alias", [] {
