@@ -5,8 +5,8 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "batch/own_streams.h"
 #include "batch/stops.h"
+#include "platform/files/own_streams.h"
 
 namespace halvorne::batch {
 namespace {

@@ -7,11 +7,11 @@
 #include <vector>
 
 #include "batch/design_session.h"
-#include "batch/line_reader.h"
 #include "batch/output.h"
 #include "batch/spool.h"
 #include "batch/stops.h"
 #include "engine/frequency_sweep.h"
+#include "platform/files/line_reader.h"
 #include "quantities/caught_messages.h"
 #include "quantities/measuring.h"
 #include "quantities/opened_design.h"

@@ -7,10 +7,10 @@
 #include <unistd.h>
 #include <vector>
 
-#include "batch/own_streams.h"
 #include "batch/stops.h"
-#include "batch/whole_file.h"
 #include "persistence/overwrite_question.h"
+#include "platform/files/own_streams.h"
+#include "platform/files/whole_file.h"
 
 namespace halvorne::batch {
 namespace {

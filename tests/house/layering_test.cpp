@@ -22,6 +22,7 @@ struct Room {
 constexpr int kLine = 10;
 
 constexpr std::array kRooms = {
+    Room{"statistics", {"statistics"}, 0},
     Room{"platform", {"platform"}, 0},
     Room{"engine", {"engine"}, 1},
     Room{"timedomain", {"timedomain"}, 2},
@@ -29,6 +30,7 @@ constexpr std::array kRooms = {
     Room{"plot", {"plot"}, 4},
     Room{"report", {"report"}, 5},
     Room{"quantities", {"quantities"}, 5},
+    Room{"platform/files", {"files"}, kLine},
     Room{"platform/qt", {"qt", "windows"}, kLine},
     Room{"plot/windows", {"plot_windows", "plot_pictures"}, 11},
     Room{"report/windows", {"report_windows", "report_pages"}, 12},

@@ -4,7 +4,7 @@
 #include <cstddef>
 #include <string>
 
-namespace halvorne::batch {
+namespace halvorne {
 
 /// Lines of a file or of a stream of the program's own, one at a time; its memory is that of a
 /// line.
@@ -40,4 +40,4 @@ class LineReader {
   long number_ = 0;
 };
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

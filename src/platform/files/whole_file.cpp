@@ -1,4 +1,4 @@
-#include "batch/whole_file.h"
+#include "platform/files/whole_file.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -8,7 +8,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 constexpr int kMostLinks = 40;    // as many as the system follows
@@ -240,4 +240,4 @@ void WriteWholeFile(const std::string& fileName, std::string_view bytes) {
   }
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

@@ -1,4 +1,4 @@
-#include "batch/own_streams.h"
+#include "platform/files/own_streams.h"
 
 #include <algorithm>
 #include <array>
@@ -8,7 +8,7 @@
 #include <unistd.h>
 #include <utility>
 
-namespace halvorne::batch {
+namespace halvorne {
 namespace {
 
 constexpr std::array<std::pair<std::string_view, int>, 3> kNamed{
@@ -70,4 +70,4 @@ void WriteStream(int stream, std::string_view bytes) {
   }
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

@@ -3,7 +3,7 @@
 #include <string>
 #include <string_view>
 
-namespace halvorne::batch {
+namespace halvorne {
 
 /// Puts bytes in a file's place, whole or not at all: whoever opens the name finds the old content
 /// or the new one, and a program that is killed leaves nothing behind. A symbolic link is followed,
@@ -17,4 +17,4 @@ namespace halvorne::batch {
 /// content, or stands for nothing as before. What is no regular file is refused by EINVAL.
 void WriteWholeFile(const std::string& fileName, std::string_view bytes);
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

@@ -1,4 +1,4 @@
-#include "batch/line_reader.h"
+#include "platform/files/line_reader.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -6,9 +6,9 @@
 #include <system_error>
 #include <unistd.h>
 
-#include "batch/own_streams.h"
+#include "platform/files/own_streams.h"
 
-namespace halvorne::batch {
+namespace halvorne {
 
 LineReader::LineReader(const std::string& name) {
   const auto stream = OwnStream(name);
@@ -66,4 +66,4 @@ bool LineReader::Next(std::string& line) {
   return true;
 }
 
-}  // namespace halvorne::batch
+}  // namespace halvorne

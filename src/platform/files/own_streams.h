@@ -9,7 +9,7 @@
 // read and written as it is: opened by its name once more, it would begin anew and, where it is a
 // file, be emptied or replaced.
 
-namespace halvorne::batch {
+namespace halvorne {
 
 /// Number of the open stream that the name stands for: /dev/stdin, /dev/stdout, /dev/stderr,
 /// /dev/fd/N, /proc/self/fd/N. None for any other name.
@@ -21,4 +21,4 @@ std::string ReadStream(int stream, std::size_t most);
 /// Writes all bytes. Raises std::system_error.
 void WriteStream(int stream, std::string_view bytes);
 
-}  // namespace halvorne::batch
+}  // namespace halvorne
