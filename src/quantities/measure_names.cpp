@@ -23,6 +23,7 @@ enum class Of { kBand, kPulse, kLoss, kAny };
 /// A row of the table of measures: a name, with a level behind it where it has one.
 struct Row {
   std::string_view name;
+  std::string_view unit;  ///< empty where it is that of the plot
   MeasureKind kind;
   Of of;
   bool hasLevel;
@@ -39,20 +40,20 @@ constexpr int kEnvelope = 1;
 constexpr int kLog = 1;
 
 constexpr std::array kRows{
-    Row{"bandwidth", kBandwidth, Of::kBand, true, false, kTwoWay, 0},
-    Row{"centre", kCentre, Of::kBand, true, false, kTwoWay, 0},
-    Row{"relativeBandwidth", kRelativeBandwidth, Of::kBand, true, false, kTwoWay, 0},
-    Row{"lowerEdge", kLowerEdge, Of::kBand, true, false, kTwoWay, 0},
-    Row{"upperEdge", kUpperEdge, Of::kBand, true, false, kTwoWay, 0},
-    Row{"peak", kPeak, Of::kBand, false, false, kTwoWay, 0},
-    Row{"peakFrequency", kPeakFrequency, Of::kBand, false, false, kTwoWay, 0},
-    Row{"pulseWidth", kPulseWidth, Of::kPulse, true, false, kImpulse, kEnvelope},
-    Row{"pulsePeak", kPulsePeak, Of::kPulse, false, false, kImpulse, kEnvelope},
-    Row{"insertionLoss", kLeastLoss, Of::kLoss, false, false, kInsertionLoss, kLog},
-    Row{"impedance", kValue, Of::kAny, false, true, kImpedance, 0},
-    Row{"impedancePhase", kSecondValue, Of::kAny, false, true, kImpedance, 0},
-    Row{"value", kValue, Of::kAny, false, true, 0, 0},
-    Row{"secondValue", kSecondValue, Of::kAny, false, true, 0, 0},
+    Row{"bandwidth", "Hz", kBandwidth, Of::kBand, true, false, kTwoWay, 0},
+    Row{"centre", "Hz", kCentre, Of::kBand, true, false, kTwoWay, 0},
+    Row{"relativeBandwidth", "%", kRelativeBandwidth, Of::kBand, true, false, kTwoWay, 0},
+    Row{"lowerEdge", "Hz", kLowerEdge, Of::kBand, true, false, kTwoWay, 0},
+    Row{"upperEdge", "Hz", kUpperEdge, Of::kBand, true, false, kTwoWay, 0},
+    Row{"peak", "dB", kPeak, Of::kBand, false, false, kTwoWay, 0},
+    Row{"peakFrequency", "Hz", kPeakFrequency, Of::kBand, false, false, kTwoWay, 0},
+    Row{"pulseWidth", "s", kPulseWidth, Of::kPulse, true, false, kImpulse, kEnvelope},
+    Row{"pulsePeak", "", kPulsePeak, Of::kPulse, false, false, kImpulse, kEnvelope},
+    Row{"insertionLoss", "dB", kLeastLoss, Of::kLoss, false, false, kInsertionLoss, kLog},
+    Row{"impedance", "ohms", kValue, Of::kAny, false, true, kImpedance, 0},
+    Row{"impedancePhase", "degrees", kSecondValue, Of::kAny, false, true, kImpedance, 0},
+    Row{"value", "", kValue, Of::kAny, false, true, 0, 0},
+    Row{"secondValue", "", kSecondValue, Of::kAny, false, true, 0, 0},
 };
 
 constexpr std::array kNames{
@@ -222,7 +223,7 @@ std::vector<Measure> UsualMeasures() {
 Measure ReadMeasure(const std::string& text) {
   const Parts parts = Split(text);
   const Row& row = FindRow(parts.name);
-  Measure measure{.name = text, .kind = row.kind};
+  Measure measure{.name = text, .unit = row.unit, .kind = row.kind};
   ReadPlot(parts, row, measure);
   measure.level = ReadLevel(parts, row, measure.plot);
   if (parts.at && row.of == Of::kLoss) {

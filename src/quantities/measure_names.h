@@ -25,7 +25,8 @@ enum class MeasureKind {
 
 /// A number that is read off a plot of the design.
 struct Measure {
-  std::string name;  ///< as it was written
+  std::string name;       ///< as it was written
+  std::string_view unit;  ///< empty where it is that of the plot
   MeasureKind kind = MeasureKind::kPeak;
   int plot = 0;
   int form = 0;   ///< index in the plot's list
