@@ -12,7 +12,7 @@ packages_for() {
     build)
       echo g++ cmake ninja-build ccache \
         qt6-base-dev qt6-svg-dev qt6-tools-dev qt6-documentation-tools libqt6sql6-sqlite \
-        nlohmann-json3-dev python3 fonts-dejavu-core poppler-utils \
+        nlohmann-json3-dev libvalijson-dev python3 fonts-dejavu-core poppler-utils \
         libgtest-dev libgmock-dev libbenchmark-dev libfftw3-dev
       ;;
     package) echo dpkg-dev file fakeroot lintian desktop-file-utils appstream shared-mime-info ;;

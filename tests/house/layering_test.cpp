@@ -36,6 +36,7 @@ constexpr std::array kRooms = {
     Room{"report/windows", {"report_windows", "report_pages"}, 12},
     Room{"dialogs", {"dialogs"}, 13},
     Room{"materials", {"materials", "material_stores"}, 14},
+    Room{"studies", {"studies"}, 14},
     Room{"shell", {"shell"}, 15},
     Room{"batch", {"batch"}, 15},
 };
