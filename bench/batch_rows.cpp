@@ -36,6 +36,8 @@ class BatchFolder {
     WriteDesignFile(Path("typical.dat").toStdString());
     WriteList("one.txt", 1);
     WriteList("all.txt", kVariants);
+    WriteStudy("one.json", 1);
+    WriteStudy("all.json", kVariants);
   }
   QString Path(const char* name) const { return folder_.filePath(QString::fromLatin1(name)); }
 
@@ -47,6 +49,13 @@ class BatchFolder {
     }
   }
 
+  void WriteStudy(const char* name, int runs) const {
+    std::ofstream(Path(name).toStdString())
+        << R"({"design": "typical.dat", "runs": )" << runs
+        << R"json(, "vary": [{"field": "FrontThick(1)", "distribution": "normal", "deviation": 1,
+                              "unit": "percent"}]})json";
+  }
+
   QTemporaryDir folder_;
 };
 
@@ -55,23 +64,34 @@ const BatchFolder& Folder() {
   return folder;
 }
 
-/// Processor time of a run of the batch program with a list of variants, in microseconds.
-double TimeOfVariants(benchmark::State& state, const char* list) {
+/// Processor time of a run of the batch program and of its workers, in microseconds.
+double TimeOfBatch(benchmark::State& state, const QStringList& words) {
   const double before = UsedBy(RUSAGE_CHILDREN);
-  const int status = QProcess::execute(
-      QStringLiteral(HALVORNE_BENCH_PROGRAM_FOLDER "/halvorne-batch"),
-      {QStringLiteral("measure"), Folder().Path("typical.dat"), QStringLiteral("--variants"),
-       Folder().Path(list), QStringLiteral("-o"), Folder().Path("out.json")});
-  if (status != 0) {
+  QProcess batch;
+  batch.setStandardOutputFile(QProcess::nullDevice());
+  batch.start(QStringLiteral(HALVORNE_BENCH_PROGRAM_FOLDER "/halvorne-batch"), words);
+  if (!batch.waitForFinished(-1) || batch.exitCode() != 0) {
     state.SkipWithError("halvorne-batch failed");
   }
   return UsedBy(RUSAGE_CHILDREN) - before;
 }
 
-/// What the variants may take: 1.15 of their bare sweeps and 0.2 ms each.
+double TimeOfVariants(benchmark::State& state, const char* list) {
+  return TimeOfBatch(
+      state, {QStringLiteral("measure"), Folder().Path("typical.dat"), QStringLiteral("--variants"),
+              Folder().Path(list), QStringLiteral("-o"), Folder().Path("out.json")});
+}
+
+double TimeOfStudy(benchmark::State& state, const char* study) {
+  const QTemporaryDir out;
+  return TimeOfBatch(
+      state, {QStringLiteral("study"), Folder().Path(study), QStringLiteral("-o"), out.path()});
+}
+
+/// What the runs may take: 1.15 of their bare sweeps, and of variants 0.2 ms each.
+template <int kEach>
 void AllowedTime(benchmark::State& state) {
   constexpr double share = 1.15;
-  constexpr double each = 200;
   MakeTypicalDesign();
   for ([[maybe_unused]] auto once : state) {
     const double before = UsedBy(RUSAGE_THREAD);
@@ -79,7 +99,7 @@ void AllowedTime(benchmark::State& state) {
       MainCalc();
       benchmark::ClobberMemory();
     }
-    state.counters[kReading] = share * (UsedBy(RUSAGE_THREAD) - before) + each * kVariants;
+    state.counters[kReading] = share * (UsedBy(RUSAGE_THREAD) - before) + 1.0 * kEach * kVariants;
   }
   CheckQuiet(state);
 }
@@ -92,10 +112,19 @@ void Variants(benchmark::State& state) {
   }
 }
 
+/// Beyond start-up, summary and pictures: what a study of one run takes is taken off.
+void Study(benchmark::State& state) {
+  for ([[maybe_unused]] auto once : state) {
+    const double all = TimeOfStudy(state, "all.json");
+    state.counters[kReading] = all - TimeOfStudy(state, "one.json");
+  }
+}
+
 }  // namespace
 
 std::vector<Row> BatchRows() {
-  return {{"1000 variants", 1, 0.6, AllowedTime, Variants, Taken::kByReading}};
+  return {{"1000 variants", 1, 0.6, AllowedTime<200>, Variants, Taken::kByReading},
+          {"study, 1000 runs", 1.5, 1, AllowedTime<0>, Study, Taken::kByReading}};
 }
 
 }  // namespace halvorne::bench

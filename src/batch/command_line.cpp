@@ -23,8 +23,8 @@ struct Option {
   const char* help;
 };
 
-const std::array<Option, 27>& Options() {
-  static const std::array<Option, 27> options{{
+const std::array<Option, 30>& Options() {
+  static const std::array<Option, 30> options{{
       {{"o", "output"}, "FILE", kOutput, "write to FILE instead of standard output"},
       {{"force"}, nullptr, kOutput, "overwrite an existing FILE where a command asks first"},
       {{"plot"}, "N", kPlot, "number of the plot: 11 to 17, 21 to 27, 31 to 34, 41, 42, 51 to 53"},
@@ -45,6 +45,12 @@ const std::array<Option, 27>& Options() {
        "FILE",
        kMeasures,
        "measure a variant for each line of FILE, a line of settings as of --set"},
+      {{"jobs"},
+       "N",
+       kStudy,
+       "calculate in N processes at once; default as many as there are cores"},
+      {{"shard"}, "K/N", kStudy, "calculate the K-th of N equal pieces of a study"},
+      {{"gather"}, "FOLDER", kStudy, "join the pieces that stand in FOLDER, tell what is missing"},
       {{"table"}, "T", kMaterials, "only the table T"},
       {{"find"}, "TEXT", kMaterials, "only materials whose name holds TEXT, in whatever case"},
       {{"material"},
@@ -263,6 +269,28 @@ void ReadMeasures(const QCommandLineParser& parser, Request& request) {
   }
 }
 
+void ReadStudyOptions(const QCommandLineParser& parser, Request& request) {
+  constexpr int mostJobs = 1024;
+  constexpr int mostShards = 100000;
+  request.jobs = WholeNumber(parser, "jobs", 1, mostJobs, 0);
+  request.gather = Bytes(Value(parser, "gather"));
+  if (parser.isSet("gather") && request.gather.empty()) {
+    throw WrongCommandLine("--gather: the folder has no name");
+  }
+  if (!parser.isSet("shard")) {
+    return;
+  }
+  const QString text = Value(parser, "shard");
+  const QStringList numbers = text.split('/');
+  bool numberGood = false;
+  bool countGood = false;
+  request.shard = {numbers.value(0).toInt(&numberGood), numbers.value(1).toInt(&countGood)};
+  if (numbers.size() != 2 || !numberGood || !countGood || request.shard.number < 1 ||
+      request.shard.number > request.shard.count || request.shard.count > mostShards) {
+    throw WrongCommandLine("--shard: '" + Bytes(text) + "' is not of the form K/N, K from 1 to N");
+  }
+}
+
 void ReadSettings(const QCommandLineParser& parser, Request& request) {
   request.table = Bytes(Value(parser, "table"));
   request.find = Bytes(Value(parser, "find"));
@@ -310,6 +338,7 @@ Request ReadCommand(const QCommandLineParser& parser) {
   ReadOutput(parser, request);
   ReadSettings(parser, request);
   ReadMeasures(parser, request);
+  ReadStudyOptions(parser, request);
   if ((request.command->takes & kPlot) != 0) {
     request.plot = PlotNumber(parser, *request.command);
   }

@@ -9,6 +9,7 @@
 #include "batch/side_file_options.h"
 #include "quantities/measure_names.h"
 #include "quantities/settings.h"
+#include "studies/study_folder.h"
 
 namespace halvorne::batch {
 
@@ -38,6 +39,9 @@ struct Request {
   std::vector<Setting> settings;
   std::vector<Measure> measures;  ///< empty: the usual ones
   std::string variants;           ///< file of settings; empty: none
+  int jobs = 0;                   ///< worker processes of a study; 0: as many as there are cores
+  studies::Shard shard;           ///< of a study
+  std::string gather;             ///< folder whose shards are joined; empty: none
   std::string table;              ///< of materials; empty: all
   std::string find;               ///< of materials: what their names hold
   SideInputs side;

@@ -12,6 +12,7 @@
 #include "batch/output.h"
 #include "batch/report_files.h"
 #include "batch/stops.h"
+#include "batch/study_command.h"
 #include "persistence/design_file.h"
 #include "persistence/touchstone_file.h"
 #include "persistence/version.h"
@@ -23,6 +24,7 @@
 #include "plot/windows/plot_pictures.h"
 #include "report/stack_drawing.h"
 #include "report/text_exports.h"
+#include "studies/study_schema.h"
 
 namespace halvorne::batch {
 namespace {
@@ -167,6 +169,10 @@ void RunMeasure(Session& session) {
   WriteMeasurements(session);
 }
 
+void RunStudy(Session& session) {
+  RunStudyCommand(session);
+}
+
 void RunMaterials(Session& session) {
   WriteOutput(session, MaterialCsv(session.request));
 }
@@ -179,9 +185,11 @@ void RunHelp(Session& session) {
     WriteOutput(session, FieldsHelpText());
   } else if (topic == "measures") {
     WriteOutput(session, MeasuresHelpText());
+  } else if (topic == "schema") {
+    WriteOutput(session, studies::StudySchema());
   } else {
     throw WrongCommandLine("there is no help on '" + topic +
-                           "'; there is one on fields and one on measures");
+                           "'; there is one on fields, on measures and on the schema of a study");
   }
 }
 
@@ -230,10 +238,14 @@ constexpr Command kCommands[] = {
     {"inputs", kInputsText, "inputs IN [--plot N] [--form K] [--detail D]",
      "all inputs of the design as text for a spreadsheet's clipboard", RunInputs},
     {"info", kText, "info IN", "a summary of the design", RunInfo},
+    {"study", kOutput | kStudy,
+     "study FILE -o FOLDER [--jobs N] [--shard K/N], or study --gather FOLDER",
+     "many runs of a design that varies: lines, summary, pictures, worst designs", RunStudy},
     {"materials", kOutput | kMaterials, "materials [piezo|acoustic] [--table T] [--find TEXT]",
      "the tables of the material databases as CSV", RunMaterials},
-    {"help", kOutput, "help [fields|measures]",
-     "this text, the fields that --set knows, or the measures of --measure", RunHelp},
+    {"help", kOutput, "help [fields|measures|schema]",
+     "this text, the fields of --set, the measures of --measure, or the schema of a study file",
+     RunHelp},
     {"--version", kOutput, "--version", "the version of the program", RunVersion},
 };
 

@@ -32,7 +32,8 @@ enum Takes : unsigned {
   kPaper = 1024,     ///< --paper
   kMeasures = 2048,  ///< --measure and --variants
   kManyDesigns = 4096,
-  kReference = 8192  ///< --reference
+  kReference = 8192,  ///< --reference
+  kStudy = 16384      ///< --jobs, --shard and --gather
 };
 
 struct Command {

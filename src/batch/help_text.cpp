@@ -32,6 +32,8 @@ constexpr const char* kTail =
     "an object a line, in units of a page from (0, 10), upper left, to (10, 0); its first line "
     "has\n"
     "the size of that page within the paper's margins. SOURCE_DATE_EPOCH sets the printed stamp.\n"
+    "A study file is JSON, see 'help schema'; FOLDER gets runs.jsonl, a line a run, summary.json,\n"
+    "summary.txt, pictures and worst-1.dat and so on. Interrupted, the same command goes on.\n"
     "Message boxes of the program go to standard error as 'title: text', each once with its\n"
     "count; a question takes its default answer.\n"
     "\n"
