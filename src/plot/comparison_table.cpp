@@ -97,13 +97,15 @@ std::string TableAsCsv(const ComparisonTable& table) {
   }
   std::string text = "design";
   for (const ComparisonTable::Column& column : table.columns) {
-    text += "," + Quoted(column.Caption() + " (" + column.unit + ")");
+    text += ',';
+    text += Quoted(column.Caption() + " (" + column.unit + ")");
   }
   text += '\n';
   for (const ComparisonTable::Row& row : table.rows) {
     text += Quoted(row.design);
     for (const std::string& cell : row.cells) {
-      text += "," + Quoted(cell);
+      text += ',';
+      text += Quoted(cell);
     }
     text += '\n';
   }

@@ -105,7 +105,7 @@ CsvCurve PresentCurve(const TimePoints& array) {
 CsvCurve HeldCurve(const HeldDesign& held, const TimePoints& array) {
   const HeldCurves& made = *held.curves;
   const Design& of = held.snapshot->design;
-  return {.suffix = " " + std::to_string(held.slot + 1),
+  return {.suffix = std::string(" ").append(std::to_string(held.slot + 1)),
           .sampleRateHz = IsTimePlot(view.CurrentPlot) ? of.SampleRateHz : 0,
           .freqStart = of.FreqStart,
           .freqStep = Quotient(of.FreqStop - of.FreqStart, of.NoFreqPts),
@@ -146,8 +146,10 @@ std::string CurvesAsCsv(const std::string& behindHead) {
   std::string text = Head() + behindHead + (behindHead.empty() ? "" : "\n");
   text += TableBeside(points.PlotData);
   if (IsExcitationPlot(view.CurrentPlot)) {
-    text += "\n" + Comment("Impulse response") + TableBeside(points.PlotDataImpulse);
-    text += "\n" + Comment("Excitation") + TableBeside(points.PlotDataExcite);
+    text += '\n';
+    text += Comment("Impulse response") + TableBeside(points.PlotDataImpulse);
+    text += '\n';
+    text += Comment("Excitation") + TableBeside(points.PlotDataExcite);
   }
   return text;
 }
