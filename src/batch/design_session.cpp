@@ -2,7 +2,7 @@
 
 #include <cstdio>
 
-#include "batch/design_source.h"
+#include "batch/input_source.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "persistence/design_file.h"
@@ -64,7 +64,7 @@ void OpenDesign(Session& session) {
   FindMaterials(materials);
   StartDisplay(request);
   design.DataFileName = request.in;
-  ReadDesignFile(DesignSource(request.in).Name());
+  ReadDesignFile(InputSource(request.in).Name());
   if (!plot.DesignOpen) {
     throw CommandFailed(request.in + " could not be read as a design");
   }

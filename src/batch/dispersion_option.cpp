@@ -2,9 +2,11 @@
 
 #include <cmath>
 
+#include "batch/input_source.h"
 #include "batch/stops.h"
 #include "engine/design_model.h"
 #include "persistence/dispersion_file.h"
+#include "persistence/file_names.h"
 #include "quantities/field_values.h"
 
 namespace halvorne::batch {
@@ -58,9 +60,15 @@ void ApplyDispersion(const std::vector<DispersionInput>& inputs) {
       SwitchOn(slot);
     }
     const bool isPiezo = input.slotNumbers.front() % kBackSlot == 0;
-    ReadDispersionFile(input.fileName,
-                       isPiezo ? "Open Velocity Dispersion File" : "open velocity dispersion file",
-                       input.slotNumbers);
+    const InputSource source(input.fileName);
+    const bool whole = ReadDispersionFile(
+        source.Name(), isPiezo ? "Open Velocity Dispersion File" : "open velocity dispersion file",
+        input.slotNumbers);
+    for (const int slot : input.slotNumbers) {
+      if (whole) {
+        ExtractFileName(input.fileName, design.VelDispNames(slot, 0));
+      }
+    }
   }
 }
 

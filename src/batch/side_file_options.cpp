@@ -5,6 +5,7 @@
 #include <limits>
 #include <vector>
 
+#include "batch/input_source.h"
 #include "batch/stops.h"
 #include "engine/acoustic_sections.h"
 #include "engine/design_model.h"
@@ -50,12 +51,12 @@ void ApplyLoads(const SideInputs& inputs) {
   if (inputs.frontLoad) {
     design.ZFrontComplex = true;
     design.ZFrontFile = WithFolder(*inputs.frontLoad);
-    ReadFrontLoadFile(design.ZFrontFile);
+    ReadFrontLoadFile(InputSource(design.ZFrontFile).Name());
   }
   if (inputs.backLoad) {
     design.ZBackComplex = true;
     design.ZBackFile = WithFolder(*inputs.backLoad);
-    ReadRearLoadFile(design.ZBackFile);
+    ReadRearLoadFile(InputSource(design.ZBackFile).Name());
   }
   if (inputs.frontLoad || inputs.backLoad) {
     CmplxLoad();
@@ -72,8 +73,9 @@ void ApplyExcitation(const std::string& fileName) {
   CopyExciteToTemp();
   draft.TmpExciteType = kDataFile;
   std::string comment;
+  const InputSource source(fileName);
   try {
-    ReadExciteFile(fileName, comment);
+    ReadExciteFile(source.Name(), comment);
   } catch (...) {
     ReportFileFailure("OpenExciteFile_Click");
     return;

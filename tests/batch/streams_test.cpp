@@ -61,6 +61,38 @@ TEST_F(BatchStreams, ADesignComesFromStandardInput) {
   EXPECT_THAT(Run({"info", "/dev/stdin"}, {.inFrom = file}).out, HasSubstr("/dev/stdin, format 4"));
 }
 
+TEST_F(BatchStreams, AFileBesideTheDesignComesFromStandardInput) {
+  std::string numbers = "From a stream\r\n";
+  for (int k = 0; k <= 2000; ++k) {
+    numbers += "0.5\r\n";
+  }
+  const std::string side = Write("side", numbers);
+  for (const auto& [option, before] : {std::pair{"--front-load", ""},
+                                       {"--back-load", ""},
+                                       {"--excitation", ""},
+                                       {"--dispersion", "0="}}) {
+    const std::string fromFile =
+        Output({"convert", file, option, before + side, "-o", "/dev/stdout"});
+    const Outcome run =
+        Run({"convert", file, option, std::string(before) + "/dev/stdin", "-o", "/dev/stdout"},
+            {.inFrom = side});
+    EXPECT_EQ(run.status, 0) << run.err;
+    // They differ in the name alone.
+    const auto expected = LinesOf(fromFile);
+    const auto lines = LinesOf(run.out);
+    ASSERT_EQ(lines.size(), expected.size()) << option;
+    std::size_t named = 0;
+    for (std::size_t k = 0; k < lines.size(); ++k) {
+      if (lines[k] != expected[k]) {
+        ++named;
+        EXPECT_THAT(lines[k], HasSubstr("stdin\"")) << option;
+        EXPECT_THAT(expected[k], HasSubstr("side\"")) << option;
+      }
+    }
+    EXPECT_EQ(named, 1U) << option;
+  }
+}
+
 TEST_F(BatchStreams, StandardInputThatIsNoDesignIsToldOf) {
   Write("none.dat", "none");
   const Outcome none = Run({"info", "/dev/stdin"}, {.inFrom = Path("none.dat")});

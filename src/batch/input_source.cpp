@@ -1,4 +1,4 @@
-#include "batch/design_source.h"
+#include "batch/input_source.h"
 
 #include <cerrno>
 #include <sys/mman.h>
@@ -11,18 +11,18 @@
 namespace halvorne::batch {
 namespace {
 
-/// More than any design takes: a stream that never ends is left behind it.
+/// More than any file is read of: a stream that never ends is left behind it.
 constexpr std::size_t kMostBytes = std::size_t{64} << 20;
 
 }  // namespace
 
-DesignSource::DesignSource(const std::string& name) try : name_(name) {
+InputSource::InputSource(const std::string& name) try : name_(name) {
   const auto stream = OwnStream(name);
   if (!stream) {
     return;
   }
   const std::string bytes = ReadStream(*stream, kMostBytes);
-  memory_ = memfd_create("design", MFD_CLOEXEC);
+  memory_ = memfd_create("input", MFD_CLOEXEC);
   if (memory_ < 0) {
     throw std::system_error(errno, std::generic_category());
   }
@@ -32,7 +32,7 @@ DesignSource::DesignSource(const std::string& name) try : name_(name) {
   throw CommandFailed(name + " could not be read: " + refused.code().message());
 }
 
-DesignSource::~DesignSource() {
+InputSource::~InputSource() {
   if (memory_ >= 0) {
     close(memory_);
   }
