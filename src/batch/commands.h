@@ -15,6 +15,8 @@ struct Session {
   const Request& request;
   HeadlessWindow& window;
   BatchMessages& messages;
+  /// Failures of the plot that the opening shows, which is no part of any result.
+  int failuresOfFirstPlot = 0;
 };
 
 /// What a command takes beside the options of all.

@@ -69,7 +69,9 @@ void OpenDesign(Session& session) {
     throw CommandFailed(request.in + " could not be read as a design");
   }
   EnableItems(true);
+  const int failuresBefore = session.messages.FailureCount();
   ShowPlotAfterOpen();
+  session.failuresOfFirstPlot = session.messages.FailureCount() - failuresBefore;
   ApplyMaterials(materials);
   if (ApplySettings(request.settings)) {
     TellFlatLoads();

@@ -28,7 +28,7 @@ int RunCommand(const Request& request) {
   SetMessages(&boxes);
   SetMainWindow(&window);
   InitGrids();
-  Session session{request, window, boxes};
+  Session session{.request = request, .window = window, .messages = boxes};
   int status = kDone;
   std::string complaint;
   try {

@@ -63,6 +63,44 @@ TEST_F(BatchFiles, ADesignMayBeRecalculatedInPlaceByForce) {
   EXPECT_EQ(StoredDesign(file).termTx, 75);
 }
 
+TEST_F(BatchFiles, ADesignIsLeftAloneWhereSomethingFailedBeforeTheWriting) {
+  const std::string bytes = ReadFile(Shipped(kImaging));
+  const std::string file = Write("design.dat", bytes);
+  const Words failing[] = {
+      {"--front-load", Path("none.lac")},
+      {"--dispersion", "0=" + Path("none.csv")},
+      {"--excitation", Path("none.xct")},
+      {"--recalc", "--set", "PZMatl(1).Density=1e300", "--set", "ElementArea=1e300"}};
+  for (const char* command : {"recalc", "convert"}) {
+    for (const Words& options : failing) {
+      Words words{command, file, "-o", file, "--force"};
+      words.insert(words.end(), options.begin(), options.end());
+      const Outcome run = Run(words);
+      EXPECT_EQ(run.status, 1);
+      EXPECT_NE(run.err.find(file + " was not written\n"), std::string::npos) << run.err;
+      EXPECT_EQ(ReadFile(file), bytes) << command << " " << options.front();
+    }
+  }
+}
+
+TEST_F(BatchFiles, ADesignWhoseStoredCurvesCannotBeShownIsRecalculated) {
+  std::string bytes = ReadFile(Shipped(kImaging));
+  const std::string label = "\"[ Zin Electric Re, Im ]\"\r\n";
+  const std::size_t first = bytes.find(label) + label.size();
+  bytes.replace(first, bytes.find("\r\n", first) - first, "1E+300,1E+300");
+  const std::string file = Write("design.dat", bytes);
+  const Outcome run = Run({"recalc", file, "-o", Path("new.dat")});
+  EXPECT_EQ(run.status, 1) << "the first plot told of it";
+  EXPECT_NE(run.err, "");
+  Output({"recalc", Shipped(kImaging), "-o", Path("expected.dat")});
+  const auto made = LinesOf(ReadFile(Path("new.dat")));
+  const auto expected = LinesOf(ReadFile(Path("expected.dat")));
+  ASSERT_EQ(made.size(), expected.size());
+  for (std::size_t k = 2; k < made.size(); ++k) {  // behind the date
+    EXPECT_EQ(made[k], expected[k]);
+  }
+}
+
 TEST_F(BatchFiles, AResultNeverReplacesTheDesignItself) {
   const std::string bytes = ReadFile(Shipped(kImaging));
   const std::string file = Write("design.dat", bytes);
