@@ -80,7 +80,7 @@ struct OpenedDesign::Kept {
     }
   }
   /// @param points  values of a curve that may have changed
-  void PutLoadsBack(std::size_t points) const {
+  void PutLoadsBack(long points) const {
     for (std::size_t k = 0; k < kLoadCurves.size(); ++k) {
       std::copy_n(loadCurves[k].begin(), points, (design.*kLoadCurves[k]).begin());
     }
@@ -107,7 +107,7 @@ bool OpenedDesign::Apply(std::span<const Setting> settings) {
 }
 
 void OpenedDesign::PutBack() {
-  const auto whole = static_cast<std::size_t>(kLastFreqPoint + 1);
+  constexpr long whole = kLastFreqPoint + 1;
   if ((derived_ & kSampled) != 0) {
     kept_->sampling.PutInto(design);
     kept_->samplingTexts.PutInto(wave);
@@ -115,7 +115,7 @@ void OpenedDesign::PutBack() {
   }
   if ((derived_ & kLoaded) != 0) {
     const bool moved = (derived_ & kLimits) != 0;
-    kept_->PutLoadsBack(moved ? whole : static_cast<std::size_t>(design.NoFreqPts) + 1);
+    kept_->PutLoadsBack(moved ? whole : std::clamp(design.NoFreqPts + 1L, 0L, whole));
   }
   if ((derived_ & kPiezo) != 0) {
     kept_->layers.PutInto(design);

@@ -1,6 +1,7 @@
 #include "quantities/opened_design.h"
 
 #include <algorithm>
+#include <limits>
 #include <memory>
 
 #include "engine/frequency_sweep.h"
@@ -82,6 +83,19 @@ TEST_F(DesignPutBack, AFieldThatIsSetTwiceHasItsFirstValueAgain) {
   EXPECT_EQ(design.TermTx, 80);
   opened.PutBack();
   EXPECT_EQ(design.TermTx, before);
+}
+
+TEST_F(DesignPutBack, CountsThatNoCurveHasPutNoMoreBackThanThereIs) {
+  for (const std::int32_t count : {-1, -2, -5, std::numeric_limits<std::int32_t>::min(),
+                                   kLastFreqPoint + 1, std::numeric_limits<std::int32_t>::max()}) {
+    const Setting setting = ReadSetting("ZFrontLoad=2e6");
+    design.NoFreqPts = count;
+    const auto before = std::make_unique<FreqCurve>(design.ZFrontRe);
+    OpenedDesign opened;
+    opened.Apply({&setting, 1});
+    opened.PutBack();
+    EXPECT_TRUE(std::ranges::equal(*before, design.ZFrontRe)) << count;
+  }
 }
 
 TEST_F(DesignPutBack, ASettingTakesItsDerivedValuesAlong) {
