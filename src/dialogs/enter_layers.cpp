@@ -18,8 +18,11 @@ void EnterPiezoLayers(QWidget* owner, int layer) {
   draft.TmpPZConnect = design.PZConnect;
   draft.TmpPZConnectName = design.PZConnectName;
   draft.TmpPZVelDispOn = design.PZVelDispOn;
-  // Kept: entry.PZDBReturn stays, so that after a browser left by its Cancel the dialog opens on
-  // the Material page.
+  if (layer != 0) {
+    entry.PZDBReturn = false;  // who names a layer sees its thickness first
+  }
+  // Kept: else entry.PZDBReturn stays, so that after a browser left by its Cancel the dialog opens
+  // on the Material page.
   mainWindow().SetMousePointer(kBusyPointer);
   frmPiezoEntry dialog(owner);
   if (layer != 0) {

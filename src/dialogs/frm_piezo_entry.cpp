@@ -65,12 +65,8 @@ void frmPiezoEntry::Form_Load() try {
 }
 
 void frmPiezoEntry::ShowLayer(int layer) {
-  if (entry.PZDBReturn) {
-    optPZLayer[layer - 1]->setChecked(true);
-  } else {
-    entry.CurPZLayer = static_cast<std::int16_t>(layer);
-    txtPZmm[layer - 1]->setFocus();
-  }
+  entry.CurPZLayer = static_cast<std::int16_t>(layer);
+  txtPZmm[layer - 1]->setFocus();
 }
 
 void frmPiezoEntry::CmdView_Click(int index) try {

@@ -24,7 +24,8 @@ class frmPiezoEntry final : public ModalDialog {
  public:
   explicit frmPiezoEntry(QWidget* parent = nullptr);
 
-  /// Leads to a layer, 1 or 2: its thickness has the focus, and the Material page shows it.
+  /// Leads to a layer, 1 or 2: its thickness, on the page that the dialog opens on, has the
+  /// focus, and the Material page shows it.
   void ShowLayer(int layer);
 
  protected:

@@ -119,6 +119,19 @@ TEST_F(StackBoxTest, ADoubleClickOpensTheDialogOnThatLayer) {
   DoubleClick(StackKind::kPort, 0);
 }
 
+TEST_F(StackBoxTest, ALayerOpensOnItsThicknessEvenBehindABrowserThatWasCancelled) {
+  Start();
+  entry.PZDBReturn = true;  // what the browser's Cancel leaves for the menu
+  entry.CurPZLayer = 1;
+  script.ExpectForm("frmPiezoEntry", [](QWidget& dialog) {
+    EXPECT_EQ(FocusIn(dialog), "txtPZmm(0)");
+    EXPECT_TRUE(dialog.findChild<QWidget*>("txtPZmm(0)")->isVisible());
+    dialog.close();
+  });
+  DoubleClick(StackKind::kPiezo, 1);
+  EXPECT_FALSE(entry.PZDBReturn);
+}
+
 TEST_F(StackBoxTest, TheNetworkOpensOnItsElement) {
   Start();
   for (int row = 1; row <= 3; ++row) {
