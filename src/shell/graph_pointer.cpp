@@ -2,11 +2,13 @@
 
 #include <QAccessible>
 #include <QApplication>
+#include <QContextMenuEvent>
 #include <QKeyEvent>
 #include <QMouseEvent>
 #include <QStyleHints>
 #include <algorithm>
 #include <cmath>
+#include <utility>
 
 #include "platform/failure.h"
 #include "platform/main_window.h"
@@ -95,13 +97,17 @@ BoxRectangle GraphPointer::RectangleTo(const QPointF& pixel) const {
 }
 
 bool GraphPointer::Press(const QMouseEvent& event) {
-  click_.stop();
-  const bool drawing = state_ != State::kIdle;
-  Drop();
-  if (drawing && event.button() != Qt::LeftButton) {
-    return true;  // it only ended the drag
+  const bool left = event.button() == Qt::LeftButton;
+  if (click_.isActive() && !left) {
+    PutCursor();  // no double click can come, and the menu works on where the cursor is
   }
-  if (event.button() == Qt::LeftButton && PlotOnShow() && NearBox(PlaceOf(event.position()))) {
+  click_.stop();
+  endedDrag_ = state_ != State::kIdle && !left;
+  Drop();
+  if (endedDrag_) {
+    return true;
+  }
+  if (left && PlotOnShow() && NearBox(PlaceOf(event.position()))) {
     pressed_ = event.position();
     state_ = State::kPressed;
   }
@@ -273,6 +279,10 @@ bool GraphPointer::eventFilter(QObject* watched, QEvent* event) {
       return false;
     case QEvent::KeyPress:
       return KeyPress(*static_cast<QKeyEvent*>(event));
+    case QEvent::ContextMenu:
+      // The button that ended a drag has done its work.
+      return static_cast<QContextMenuEvent*>(event)->reason() == QContextMenuEvent::Mouse &&
+             std::exchange(endedDrag_, false);
     case QEvent::FocusOut:
     case QEvent::Resize:
     case QEvent::Hide:

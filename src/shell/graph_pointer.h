@@ -15,7 +15,8 @@ namespace halvorne {
 
 /// The left button in the graph, and the keys that do the same.
 ///
-/// A click puts the cursor, if it is on, to that point: once it is sure that no double click comes.
+/// A click puts the cursor, if it is on, to that point: once it is sure that no double click comes,
+/// at the latest when the other button goes down.
 /// A rectangle drawn with the button held becomes the scale; one that is flat or narrow leaves that
 /// side's scale as it is. ZoomByKeys shows a rectangle that the arrow keys move (with Shift held:
 /// resize), Return takes and Escape drops. Escape and the other button also end a drag.
@@ -52,7 +53,8 @@ class GraphPointer final : public QObject {
   QLabel* words_;  ///< tells the rectangle
   QTimer click_;
   State state_ = State::kIdle;
-  QPointF pressed_;  ///< where the button went down, or the last click was
+  bool endedDrag_ = false;  ///< the other button went down last, and ended a drag
+  QPointF pressed_;         ///< where the button went down, or the last click was
   BoxRectangle rectangle_;
 };
 

@@ -2,10 +2,12 @@
 
 #include <QAction>
 #include <QApplication>
+#include <QMenu>
 #include <QMouseEvent>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QWindow>
 
 #include "engine/design_model.h"
 #include "plot/plot_state.h"
@@ -78,6 +80,14 @@ TEST_F(GraphPointerTest, AClickPutsTheCursorOnTheNearestPoint) {
   ClickAt(Pixel(2.5 + 10.0 / 64 * 0.4, 9));
   EXPECT_EQ(Bar()->value(), 16) << "not the nearest";
   EXPECT_FLOAT_EQ(measured.CursorX, 2.5F);
+}
+
+TEST_F(GraphPointerTest, AClickCountsBeforeTheMenuThatFollowsItAtOnce) {
+  Click("Cursor1");
+  Press(Pixel(2.5, 5));
+  Release(Pixel(2.5, 5));
+  Send(QEvent::MouseButtonPress, Pixel(6, 7), Qt::RightButton, Qt::RightButton);
+  EXPECT_EQ(Bar()->value(), 16) << "what is marked now is where the click was";
 }
 
 TEST_F(GraphPointerTest, AClickDoesNothingWithoutTheCursor) {
@@ -226,6 +236,29 @@ TEST_F(GraphPointerTest, TheOtherButtonDropsTheRectangleToo) {
   EXPECT_FALSE(Band()->isVisible());
   Release(Pixel(6, 7));
   EXPECT_TRUE(view.AmplAuto);
+}
+
+TEST_F(GraphPointerTest, TheButtonThatDropsTheRectangleOpensNoMenu) {
+  const auto inWindow = [this](QPoint at) { return Graph()->mapTo(main.get(), at); };
+  QWindow* const window = main->windowHandle();
+  QMenu* const menu = Find<QMenu>("mnuGraph");
+  const auto press = [&](Qt::MouseButton button, QPoint at) {
+    QTest::mousePress(window, button, {}, inWindow(at));
+    QCoreApplication::processEvents();
+  };
+  press(Qt::LeftButton, Pixel(2, 2));
+  QTest::mouseMove(window, inWindow(Pixel(6, 7)));
+  QCoreApplication::processEvents();
+  ASSERT_TRUE(Band()->isVisible());
+  press(Qt::RightButton, Pixel(6, 7));
+  EXPECT_FALSE(Band()->isVisible());
+  EXPECT_FALSE(menu->isVisible());
+  QTest::mouseRelease(window, Qt::RightButton, {}, inWindow(Pixel(6, 7)));
+  QTest::mouseRelease(window, Qt::LeftButton, {}, inWindow(Pixel(6, 7)));
+  press(Qt::RightButton, Pixel(6, 7));
+  EXPECT_TRUE(menu->isVisible()) << "the next one does";
+  menu->close();
+  QTest::mouseRelease(window, Qt::RightButton, {}, inWindow(Pixel(6, 7)));
 }
 
 TEST_F(GraphPointerTest, ARectangleThatLeavesTheBoxEndsAtItsEdge) {
