@@ -2,6 +2,7 @@
 #include <QAccessible>
 #include <QComboBox>
 #include <QTest>
+#include <set>
 
 #include "plot/plot_state.h"
 #include "shell/accessible_names.h"
@@ -81,13 +82,18 @@ TEST_F(Accessibility, EveryControlOfEveryWindowHasAName) {
 
 TEST_F(Accessibility, EveryControlOfTheOtherWindowsHasAName) {
   StartWithDesign();
+  Action("mnuGraphTune")->trigger();
   ClickMenu("mnuHelpItem(0)");
+  std::set<QString> seen;
   for (QWidget* window : QApplication::topLevelWidgets()) {
-    if (window->objectName() == QStringLiteral("frmHelp")) {
+    if (window->objectName() == QStringLiteral("frmHelp") ||
+        window->objectName() == QStringLiteral("frmTune")) {
+      seen.insert(window->objectName());
       LookAt(*window);
       window->close();
     }
   }
+  EXPECT_EQ(seen.size(), 2U);
   const frmStartup startup([] {});
   EXPECT_EQ(startup.windowTitle(), "Halvorne");
   script.ExpectForm("MsgBox", [](QWidget& box) {
