@@ -47,8 +47,8 @@ int main(int argc, char** argv) {
   const QGuiApplication application(count, argv);
   const QuietProgram program;
   std::vector<Row> rows;
-  for (const auto subject :
-       {SweepRows, PaintedRows, BatchRows, TransformRows, DesignFileRows, RedrawRows, WindowRows}) {
+  for (const auto subject : {SweepRows, PaintedRows, BatchRows, TransformRows, DesignFileRows,
+                             RedrawRows, TuningRows, WindowRows}) {
     const std::vector<Row> more = subject();
     rows.insert(rows.end(), more.begin(), more.end());
   }

@@ -18,6 +18,8 @@ std::vector<Row> DesignFileRows();
 std::vector<Row> PaintedRows();
 /// The main picture beside one polyline of the toolkit's.
 std::vector<Row> RedrawRows();
+/// A step of a slider that tunes beside the time that it may take.
+std::vector<Row> TuningRows();
 /// Start, memory and resizing of the desktop program beside an empty window and one polyline.
 std::vector<Row> WindowRows();
 
