@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <memory_resource>
 #include <vector>
 
 #include "platform/failure.h"
 #include "platform/numbers.h"
 #include "platform/vector_registers.h"
+#include "platform/work_room.h"
 
 namespace halvorne {
 namespace {
@@ -21,10 +23,17 @@ bool IsStrictlyIn(double y) {
   return std::abs(y - 5) < 5;
 }
 
+/// A piece begins where the pen stays or enters the box, and each interval adds a point at most.
+std::size_t PointsOfPiece(const Trace& trace) {
+  return static_cast<std::size_t>(std::clamp<std::int64_t>(trace.intervals, 0, kLastTimePoint)) + 2;
+}
+
 /// The pen's way: collects a connected piece until the pen is lifted.
 class PenPath {
  public:
-  PenPath(Surface& surface, Point pen) : surface_(surface) {
+  /// @param points  how many there can be in a piece
+  PenPath(Surface& surface, Point pen, std::size_t points) : surface_(surface) {
+    piece_.reserve(points);
     surface_.MoveTo(pen.x, pen.y);
     piece_.assign(1, pen);
   }
@@ -37,8 +46,9 @@ class PenPath {
 
  private:
   Surface& surface_;
-  // One buffer for all traces, so that drawing a point does not allocate.
-  static inline std::vector<Point> piece_;
+  // Drawing a trace does not allocate: the longest one fits the work room.
+  std::pmr::monotonic_buffer_resource room_{WorkRoom().data(), WorkRoom().size()};
+  std::pmr::vector<Point> piece_{&room_};
 };
 
 /// The curve in box units.
@@ -93,7 +103,7 @@ void DrawTrace(Surface& surface, const Trace& trace) {
   CleanVectorRegisters();
   const BoxCurve curve(trace);
   const double y0 = curve.Y(trace.start);
-  PenPath path(surface, {0, std::clamp(y0, kBottom, kTop)});
+  PenPath path(surface, {0, std::clamp(y0, kBottom, kTop)}, PointsOfPiece(trace));
   try {
     Follow(curve, trace, y0, path);
   } catch (...) {

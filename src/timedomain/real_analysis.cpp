@@ -1,5 +1,8 @@
 #include "timedomain/real_analysis.h"
 
+#include <new>
+
+#include "platform/work_room.h"
 #include "timedomain/transform_passes.h"
 #include "timedomain/twiddles.h"
 #include "timedomain/wide.h"
@@ -14,10 +17,9 @@ struct HalfRecord {
   double gap[24];
   double im[32768];
 };
+static_assert(sizeof(HalfRecord) <= kWorkRoom);
 
-HalfRecord half;
-
-HALVORNE_WIDE void Split(const double* samples, long count) {
+HALVORNE_WIDE void Split(const double* samples, long count, HalfRecord& half) {
   HALVORNE_NO_OVERLAP
   for (long i = 0; i < count; ++i) {
     half.re[i] = samples[2 * i];
@@ -25,7 +27,7 @@ HALVORNE_WIDE void Split(const double* samples, long count) {
   }
 }
 
-HALVORNE_WIDE void Join(double* samples, long count) {
+HALVORNE_WIDE void Join(const HalfRecord& half, double* samples, long count) {
   HALVORNE_NO_OVERLAP
   for (long i = 0; i < count; ++i) {
     samples[2 * i] = half.re[i];
@@ -40,7 +42,8 @@ HALVORNE_WIDE void Join(double* samples, long count) {
 /// even and odd places, w the twiddle of k. E(k) = A + wB and conj E(r) = A - wB. The quadrature
 /// has -j E at positive frequencies and j E at negative ones; taken apart into even and odd places
 /// in the same way that is P - jQ at k and -conj(P + jQ) at r, with P = conj(w) A and Q = wB.
-HALVORNE_WIDE void Unfold(long count, StageTwiddles twiddles, double* re, double* im) {
+HALVORNE_WIDE void Unfold(HalfRecord& half, long count, StageTwiddles twiddles, double* re,
+                          double* im) {
   double* const zRe = half.re;
   double* const zIm = half.im;
   re[0] = zRe[0] + zIm[0];
@@ -81,15 +84,16 @@ bool AnalyseReal(const double* samples, std::int32_t n, double* re, double* im,
   if (count < kFastLength) {
     return false;
   }
-  Split(samples, count);
+  HalfRecord& half = *new (WorkRoom().data()) HalfRecord;
+  Split(samples, count, half);
   if (!FastTransform(half.re, half.im, count, false)) {
     return false;
   }
-  Unfold(count, TwiddlesOfStage(count), re, im);
+  Unfold(half, count, TwiddlesOfStage(count), re, im);
   if (!FastTransform(half.re, half.im, count, true)) {
     return false;
   }
-  Join(quadrature, count);
+  Join(half, quadrature, count);
   return true;
 }
 
