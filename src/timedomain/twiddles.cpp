@@ -19,9 +19,10 @@ struct Table {
 };
 
 Table table;
-long longest = 0;
+bool made = false;
 
-void Make(long half) {
+void Make() {
+  constexpr long half = kLongest;
   const Phasors phasors(-kTwoPi / static_cast<double>(2 * half));
   double cosines[Phasors::kRow];
   double sines[Phasors::kRow];
@@ -35,14 +36,14 @@ void Make(long half) {
     table.cosine[i] = table.cosine[2 * i];
     table.sine[i] = table.sine[2 * i];
   }
-  longest = half;
+  made = true;
 }
 
 }  // namespace
 
 StageTwiddles TwiddlesOfStage(long half) {
-  if (half > longest) {
-    Make(half);
+  if (!made) {
+    Make();
   }
   return {table.cosine + half, table.sine + half};
 }

@@ -10,8 +10,8 @@ struct StageTwiddles {
 
 /// The twiddles of the stage whose butterflies are `half` apart, 1 to 32768, in the program's 2 pi.
 ///
-/// A stage has the same ones in a transform of any length, so they are made once, when a stage as
-/// long as this is first asked for, and kept. What was had before may hold other last digits then.
+/// A stage has the same ones in a transform of any length, so those of the longest are made once,
+/// when the first is asked for, and kept: no waveform depends on what was transformed before it.
 StageTwiddles TwiddlesOfStage(long half);
 
 }  // namespace halvorne

@@ -92,6 +92,20 @@ TEST_P(TransformOfLength, HasTheBitsOfTheTextbookLoop) {
   }
 }
 
+TEST_F(Transform, HasTheSameBitsWhateverWasTransformedBefore) {
+  const int n = 4096;
+  const Wave64 input = RandomWave(n, 23);
+  Set(input);
+  FFTSolve(re(), im(), n, 0);
+  const std::vector<double> first(re().data(), re().data() + n);
+
+  Set(RandomWave(65536, 29));
+  FFTSolve(re(), im(), 65536, 0);
+  Set(input);
+  FFTSolve(re(), im(), n, 0);
+  EXPECT_EQ(std::memcmp(re().data(), first.data(), sizeof(double) * n), 0);
+}
+
 TEST_P(TransformOfLength, HasATwiddleTableOfItsOwnConstant) {
   const int n = GetParam();
   for (const std::int16_t inverse : Codes{0, 1}) {
