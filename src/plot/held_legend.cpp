@@ -16,6 +16,8 @@ constexpr double kSample = 0.4;  ///< length of the line that shows the colour
 constexpr double kGap = 0.12;    ///< behind it, and between columns
 constexpr double kAxisFont = 8;
 constexpr double kSmallFont = 6;
+/// Of the room for a text, what its tail may take before it is cut off like the rest.
+constexpr double kTailShare = 0.75;
 
 /// y at the bottom of the picture.
 double Bottom(std::int16_t pane) {
@@ -37,6 +39,23 @@ Places PlacesBelow(const Surface& surface, std::int16_t pane) {
   return places;
 }
 
+/// The entry in a width; what is missing is missing from its title where that can be.
+std::string FittedEntry(const Surface& surface, const LegendEntry& entry, double width) {
+  const std::size_t title = entry.text.size() - entry.tail;
+  const std::string tail = entry.text.substr(title);
+  const double taken = surface.TextWidth(tail);
+  if (tail.empty() || taken > kTailShare * width || surface.TextWidth(entry.text) <= width) {
+    return FittedText(surface, entry.text, width);
+  }
+  return FittedText(surface, entry.text.substr(0, title), width - taken) + tail;
+}
+
+/// Bytes of a caption's file in brackets with the blank before it; 0 where there is none.
+std::size_t FileTail(const std::string& caption) {
+  const std::size_t bracket = caption.rfind(" (");
+  return bracket == std::string::npos || !caption.ends_with(')') ? 0 : caption.size() - bracket;
+}
+
 void DrawEntry(Surface& surface, const LegendEntry& entry, Point place, double width,
                double lineHeight) {
   const double middle = place.y - lineHeight / 2;
@@ -46,7 +65,7 @@ void DrawEntry(Surface& surface, const LegendEntry& entry, Point place, double w
   surface.SetDrawWidth(1);
   surface.SetForeColor(kBlack);
   const double text = place.x + kSample + kGap;
-  PrintAt(surface, text, place.y, FittedText(surface, entry.text, place.x + width - kGap - text));
+  PrintAt(surface, text, place.y, FittedEntry(surface, entry, place.x + width - kGap - text));
 }
 
 }  // namespace
@@ -70,11 +89,13 @@ std::vector<LegendEntry> Legend() {
   for (const int slot : HeldSlots()) {
     const HeldDesign& held = *Held(slot);
     const bool drawn = held.curves == nullptr || held.curves->shown;
-    entries.push_back({kHeldColours.at(static_cast<std::size_t>(slot)),
-                       held.label + (drawn ? "" : " - not shown: " + held.curves->why)});
+    const std::string remark = drawn ? "" : " - not shown: " + held.curves->why;
+    entries.push_back({kHeldColours.at(static_cast<std::size_t>(slot)), held.label + remark,
+                       drawn ? FileTail(held.label) : remark.size()});
   }
   if (!entries.empty()) {
-    entries.insert(entries.begin(), {kFirstTraceColour, DesignCaption(design)});
+    const std::string present = DesignCaption(design);
+    entries.insert(entries.begin(), {kFirstTraceColour, present, FileTail(present)});
   }
   return entries;
 }

@@ -12,6 +12,8 @@ namespace halvorne {
 struct LegendEntry {
   Colour colour;
   std::string text;
+  /// Bytes at its end that are cut off last: what hinders the design, else its file in brackets.
+  std::size_t tail = 0;
 };
 
 /// The present design, then the held ones; what hinders a held design from being drawn stands
@@ -19,7 +21,8 @@ struct LegendEntry {
 std::vector<LegendEntry> Legend();
 
 /// Writes the legend below the box of a graph and below the line of the cursor's read-out, in as
-/// few columns as it fits in. Texts that are too long are cut off and end in "...".
+/// few columns as it fits in. Of texts that are too long the title is cut off, with "..." behind
+/// it, as long as what stands behind the title leaves room for a few of its letters.
 /// @param pane  1 or 4, whose room below the box differs
 void DrawLegend(Surface& surface, std::int16_t pane);
 

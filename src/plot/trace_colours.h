@@ -17,7 +17,7 @@ inline constexpr std::array<Colour, 7> kHeldColours{{{0x56, 0xB4, 0xE9},
                                                      {0xC9, 0xA2, 0x27},
                                                      {0x7B, 0x3F, 0x6E},
                                                      {0xEE, 0x88, 0x66},
-                                                     {0x77, 0x99, 0xAA},
+                                                     {0x44, 0x77, 0xAA},
                                                      {0x99, 0x99, 0x99}}};
 
 }  // namespace halvorne

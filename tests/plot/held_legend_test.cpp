@@ -91,6 +91,31 @@ TEST_F(HeldLegend, OfSevenLongTitlesStaysWithinThePictureOnSeveralSizes) {
   }
 }
 
+TEST_F(HeldLegend, CutsALongTitleBeforeItsFileAndWhatHindersIt) {
+  const std::string title =
+      "A probe with quite a long title, such as engineers give, who have made many of them with "
+      "plates of several thicknesses and materials, loads and networks";
+  Make("Present");
+  HoldAnother(title, [] { design.DataFileName = "/data/one.dat"; });
+  HoldAnother(title, [] {
+    design.DataFileName = "/data/other.dat";
+    design.NoFace = 0;
+  });
+  HeadlessSurface surface(SurfaceKind::kMainPicture, 1000, 620);
+  Choose(31, 0);
+  auto texts = LegendOn(surface);
+  ASSERT_EQ(texts.size(), 3U);
+  EXPECT_TRUE(texts[1].text.ends_with("... (one.dat)")) << texts[1].text;
+  EXPECT_TRUE(texts[2].text.ends_with("... (other.dat)")) << texts[2].text;
+  surface.Forget();
+  Choose(51, 0);
+  texts = LegendOn(surface);
+  ASSERT_EQ(texts.size(), 3U);
+  EXPECT_TRUE(texts[1].text.ends_with("... (one.dat)")) << texts[1].text;
+  EXPECT_TRUE(texts[2].text.ends_with("... - not shown: no such faceplate")) << texts[2].text;
+  EXPECT_TRUE(texts[2].text.starts_with("2: A probe")) << texts[2].text;
+}
+
 TEST_F(HeldLegend, CutsNoCharacterApart) {
   Make("Present");
   Choose(31, 0);
@@ -183,9 +208,9 @@ double Distance(Colour a, Colour b) {
 }
 
 TEST_F(HeldLegend, ColoursAreToldApartByEverybodyAndFromPaperAndPresentCurves) {
-  for (int i = 0; i < kMostHeld; ++i) {
+  for (int i = 0; i < kHeldSlots; ++i) {
     const Colour colour = kHeldColours.at(static_cast<std::size_t>(i));
-    for (int j = i + 1; j < kMostHeld; ++j) {
+    for (int j = i + 1; j < kHeldSlots; ++j) {
       EXPECT_GT(Distance(colour, kHeldColours.at(static_cast<std::size_t>(j))), 15)
           << i << " and " << j;
     }
