@@ -79,9 +79,13 @@ void AddCurve(QJsonObject& object, const CsvCurve& curve) {
 QJsonArray Measurements(const ComparisonTable& table, const ComparisonTable::Row& row) {
   QJsonArray all;
   for (std::size_t k = 0; k < table.columns.size(); ++k) {
-    all.append(QJsonObject{{"name", ToQString(table.columns[k].Caption())},
-                           {"unit", ToQString(table.columns[k].unit)},
-                           {"value", ToQString(row.cells[k])}});
+    // "200.0 kHz" in a column of MHz
+    const QString cell = ToQString(row.cells[k]);
+    const qsizetype blank = cell.indexOf(u' ');
+    all.append(
+        QJsonObject{{"name", ToQString(table.columns[k].Caption())},
+                    {"unit", blank < 0 ? ToQString(table.columns[k].unit) : cell.mid(blank + 1)},
+                    {"value", cell.left(blank)}});
   }
   return all;
 }
@@ -109,16 +113,14 @@ QByteArray ComparisonJson(const Session& session) {
   }
   const MainWindow& window = session.window;
   const bool time = IsTimePlot(view.CurrentPlot);
-  return QJsonDocument(
-             QJsonObject{{"plot", view.CurrentPlot},
-                         {"plotTitle", ToQString(plot.PlotTitle)},
-                         {"form", ToQString(window.PlotTypeText(window.PlotTypeIndex()))},
-                         {"x", time ? "Time in s" : "Frequency in Hz"},
-                         {"y1", ToQString(scale.LeftLabel + " in " + scale.LeftUnit)},
-                         {"y2", plot.DualTrace ? QJsonValue(ToQString(scale.RightLabel + " in " +
-                                                                      scale.RightUnit))
-                                               : QJsonValue(QJsonValue::Null)},
-                         {"designs", designs}})
+  return QJsonDocument(QJsonObject{{"plot", view.CurrentPlot},
+                                   {"plotTitle", ToQString(plot.PlotTitle)},
+                                   {"form", ToQString(window.PlotTypeText(window.PlotTypeIndex()))},
+                                   {"x", time ? "Time in s" : "Frequency in Hz"},
+                                   {"y1", ToQString(FirstTraceWords())},
+                                   {"y2", plot.DualTrace ? QJsonValue(ToQString(SecondTraceWords()))
+                                                         : QJsonValue(QJsonValue::Null)},
+                                   {"designs", designs}})
       .toJson();
 }
 

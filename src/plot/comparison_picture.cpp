@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -14,6 +15,7 @@ constexpr double kMargin = 12;
 constexpr double kSample = 18;      ///< the piece of line in a design's colour
 constexpr double kNameShare = 0.3;  ///< of the width
 constexpr double kFont = 8;
+constexpr double kSmallFont = 6;  ///< where a cell would lose its unit
 constexpr int kHeadLines = 3;
 
 /// What stands above a column: its name, level and unit. A unit is as wide as two where no level
@@ -39,6 +41,9 @@ class TableDrawing {
   /// The head, then a line for each design.
   void Draw(double top) {
     surface_.SetFontSize(kFont);
+    if (!CellsFit()) {
+      surface_.SetFontSize(kSmallFont);
+    }
     surface_.SetForeColor(kBlack);
     for (std::size_t k = 0; k < table_.columns.size(); ++k) {
       const auto head = HeadOf(table_.columns[k]);
@@ -60,9 +65,17 @@ class TableDrawing {
   double ColumnWidth() const {
     return (width_ - kMargin - NameEnd()) / static_cast<double>(table_.columns.size());
   }
+  double CellWidth() const { return ColumnWidth() - 4; }
+  bool CellsFit() const {
+    return std::ranges::all_of(table_.rows, [this](const ComparisonTable::Row& row) {
+      return std::ranges::all_of(row.cells, [this](const std::string& cell) {
+        return surface_.TextWidth(cell) <= CellWidth();
+      });
+    });
+  }
   void PrintCell(std::size_t column, double y, const std::string& text) {
     const double right = NameEnd() + static_cast<double>(column + 1) * ColumnWidth();
-    PrintRight(surface_, right, y, FittedText(surface_, text, ColumnWidth() - 4));
+    PrintRight(surface_, right, y, FittedText(surface_, text, CellWidth()));
   }
   void DrawRow(const ComparisonTable::Row& row, double y) {
     surface_.SetForeColor(row.colour);

@@ -5,6 +5,8 @@
 #include "platform/failure.h"
 #include "platform/main_window.h"
 #include "platform/shortest_number.h"
+#include "plot/catalogue.h"
+#include "plot/graph.h"
 #include "plot/held_curves.h"
 #include "timedomain/sample_rate.h"
 
@@ -54,6 +56,18 @@ std::string Comment(std::string words) {
   return "# " + words + "\n";
 }
 
+/// The log forms of acoustical impedances, whose axes the graph does not name.
+bool IsAcousticalLog() {
+  const CataloguePlot* const row = FindPlot(view.CurrentPlot);
+  return row != nullptr && row->forms == FormList::kImpedance && row->number != 11 && plot.AmplLog;
+}
+
+/// "Vo/Vi in dB", of a name that may have blanks before it.
+std::string Words(const std::string& label, const std::string& unit) {
+  const std::size_t start = std::min(label.find_first_not_of(' '), label.size());
+  return label.substr(start) + " in " + unit;
+}
+
 std::string Head() {
   const bool time = IsTimePlot(view.CurrentPlot);
   std::string head = Comment("Halvorne, values of a plot");
@@ -61,11 +75,14 @@ std::string Head() {
   head += Comment("Plot: " + plot.PlotTitle);
   head += Comment("Form: " + mainWindow().PlotTypeText(mainWindow().PlotTypeIndex()));
   head += Comment(time ? "x: Time in s" : "x: Frequency in Hz");
-  head += Comment("y1: " + scale.LeftLabel + " in " + scale.LeftUnit);
+  head += Comment(std::string("y1: ").append(FirstTraceWords()));
   if (plot.SpectrumShown) {
-    head += Comment("spectrum: " + scale.RightLabel + " in " + scale.RightUnit + ", x in Hz");
+    head += Comment(std::string("spectrum: ").append(SecondTraceWords()).append(", x in Hz"));
   } else if (plot.DualTrace) {
-    head += Comment("y2: " + scale.RightLabel + " in " + scale.RightUnit);
+    head += Comment(std::string("y2: ").append(SecondTraceWords()));
+  }
+  if (plot.Outdated) {
+    head += Comment("The waveform is the one from before the last change of the design");
   }
   for (const int slot : HeldSlots()) {
     const HeldCurves& made = *Held(slot)->curves;
@@ -85,6 +102,18 @@ std::string TableBeside(const TimePoints& array) {
 }
 
 }  // namespace
+
+std::string FirstTraceWords() {
+  if (IsAcousticalLog()) {
+    constexpr int logAdmittance = 5;
+    return mainWindow().PlotTypeIndex() == logAdmittance ? "Log Y in dB" : "Log Z in dB";
+  }
+  return Words(scale.LeftLabel, scale.LeftUnit);
+}
+
+std::string SecondTraceWords() {
+  return IsAcousticalLog() ? "Theta in Degrees" : Words(scale.RightLabel, scale.RightUnit);
+}
 
 CsvCurve PresentCurve(const TimePoints& array) {
   const bool time = IsTimePlot(view.CurrentPlot);
@@ -147,9 +176,12 @@ std::string CurvesAsCsv(const std::string& behindHead) {
   text += TableBeside(points.PlotData);
   if (IsExcitationPlot(view.CurrentPlot)) {
     text += '\n';
-    text += Comment("Impulse response") + TableBeside(points.PlotDataImpulse);
+    text += Comment(std::string("Impulse response, y1: ").append(FirstTraceWords()));
+    text += TableBeside(points.PlotDataImpulse);
     text += '\n';
-    text += Comment("Excitation") + TableBeside(points.PlotDataExcite);
+    text +=
+        Comment(std::string("Excitation, y1 in ").append(plot.AmplLog ? "dB" : ExcitationUnit()));
+    text += TableBeside(points.PlotDataExcite);
   }
   return text;
 }

@@ -29,6 +29,11 @@ struct CsvCurve {
   }
 };
 
+/// Name and unit of the plotted values, "Vo/Vi in dB": those of the axes, but for the log forms of
+/// acoustical impedances, where the axes keep the names of the plot before.
+std::string FirstTraceWords();
+std::string SecondTraceWords();
+
 /// The curve of the present design in one of the arrays of `points`.
 CsvCurve PresentCurve(const TimePoints& array);
 /// The curve of a held design that shows the plot, beside one of the arrays of `points`.

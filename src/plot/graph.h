@@ -48,6 +48,9 @@ void AxisDrawOn(Surface& surface);
 /// shows the peak text too.
 void AxisLabelOn(Surface& surface, std::int16_t pane);
 
+/// Unit of the excitation of the plot on show; empty where it has none.
+std::string ExcitationUnit();
+
 /// Texts of the small panes 2 and 3.
 void ExImAxisLabelOn(Surface& surface, std::int16_t pane);
 

@@ -137,18 +137,20 @@ std::string ExcitationTag(const std::string& unit) {
 }
 
 void PrintExcitationTexts(Surface& surface, float x) {
-  std::string unit;
-  if (view.CurrentPlot == 17 || view.CurrentPlot == 34) {
-    unit = "Volts";
-  } else if (view.CurrentPlot == 27) {
-    unit = "MPa";
-  }
+  const std::string unit = ExcitationUnit();
   PrintCentred(surface, unit, x, HalfHeight(surface, unit) + 5);
   const std::string tag = ExcitationTag(unit);
   PrintAt(surface, 9.8 - surface.TextWidth(tag), 9.8, tag);
 }
 
 }  // namespace
+
+std::string ExcitationUnit() {
+  if (view.CurrentPlot == 17 || view.CurrentPlot == 34) {
+    return "Volts";
+  }
+  return view.CurrentPlot == 27 ? "MPa" : "";
+}
 
 double ReadOutLine(const Surface& surface) {
   const double height = std::abs(surface.TextHeight(setup.CursorBlank));

@@ -83,8 +83,38 @@ TEST_F(CurveCsv, HasHeldDesignsAsFurtherColumnsWithTheirOwnX) {
   lines = Lines(CurvesAsCsv());
   EXPECT_EQ(lines[7], "# Held 2: Bare (Bare.dat) - not shown: no excitation");
   EXPECT_EQ(lines[8], "x,y1,y2,x 1,y1 1,y2 1");
-  EXPECT_NE(std::ranges::find(lines, "# Impulse response"), lines.end());
-  EXPECT_NE(std::ranges::find(lines, "# Excitation"), lines.end());
+  EXPECT_NE(std::ranges::find(lines, "# Impulse response, y1: Po/Vi in Pa/V"), lines.end());
+  EXPECT_NE(std::ranges::find(lines, "# Excitation, y1 in Volts"), lines.end());
+  Choose(27, 2);
+  lines = Lines(CurvesAsCsv());
+  EXPECT_NE(std::ranges::find(lines, "# Excitation, y1 in dB"), lines.end());
+}
+
+TEST_F(CurveCsv, TellsTheUnitsOfAcousticalImpedancesThatTheAxesKeepFromThePlotBefore) {
+  Make("Present");
+  for (const int number : {21, 41, 42}) {
+    Choose(11, 0);
+    Choose(number, 4);
+    auto lines = Lines(CurvesAsCsv());
+    EXPECT_EQ(lines[5], "# y1: Log Z in dB") << number;
+    EXPECT_EQ(lines[6], "# y2: Theta in Degrees") << number;
+    Choose(11, 3);
+    Choose(number, 5);
+    lines = Lines(CurvesAsCsv());
+    EXPECT_EQ(lines[5], "# y1: Log Y in dB") << number;
+    EXPECT_EQ(lines[6], "# y2: Theta in Degrees") << number;
+    Choose(number, 1);
+    EXPECT_EQ(Lines(CurvesAsCsv())[5], "# y1: Y in Rayls^-1") << number;
+  }
+}
+
+TEST_F(CurveCsv, TellsOfAWaveformThatIsNoLongerTheDesigns) {
+  Make("Present");
+  Choose(33, 0);
+  EXPECT_EQ(Lines(CurvesAsCsv())[6], "x,y1,y2");
+  plot.Outdated = true;
+  EXPECT_EQ(Lines(CurvesAsCsv())[6],
+            "# The waveform is the one from before the last change of the design");
 }
 
 TEST_F(CurveCsv, PutsSpectraBehindTheWaveforms) {
@@ -142,6 +172,21 @@ TEST_F(CurveCsv, AComparisonHasItsTableBelowTheGraphWhereItFits) {
   const auto texts = TextsOn(tall);
   EXPECT_NE(std::ranges::find(texts, measured.CFBWText[3][1]), texts.end());
   EXPECT_NE(std::ranges::find(texts, "1: Another (Another.dat)"), texts.end());
+  // A cell in a unit of its own would say something else without it.
+  HoldAnother("In kHz", [] {
+    design.FreqUnit = "KHz";
+    design.FreqScale = 1e3F;
+  });
+  Choose(34, 6);
+  const ComparisonTable table = MakeComparisonTable();
+  ASSERT_EQ(table.columns.size(), 13U);
+  HeadlessSurface wide(SurfaceKind::kMainPicture, 1300, 700);
+  DrawComparison(wide, 1300, 700);
+  const auto cells = TextsOn(wide);
+  for (const std::string& cell : table.rows[2].cells) {
+    EXPECT_NE(std::ranges::find(cells, cell), cells.end()) << cell;
+  }
+  Choose(31, 0);
   HeadlessSurface flat(SurfaceKind::kMainPicture, 1000, 140);
   DrawComparison(flat, 1000, 140);
   const auto few = TextsOn(flat);
