@@ -60,6 +60,9 @@ void TellFlatLoads() {
 
 void OpenDesign(Session& session) {
   const Request& request = session.request;
+  if (plot.DesignOpen) {
+    EnableItems(false);  // one that was opened before must not stand for this one
+  }
   std::vector<MaterialChoice> materials = request.materials;
   FindMaterials(materials);
   StartDisplay(request);

@@ -86,6 +86,21 @@ TEST_F(BatchCompare, WritesThemAsJson) {
   }
 }
 
+TEST_F(BatchCompare, TellsEachMeasurementInJsonInTheUnitOfItsDesign) {
+  Output({"compare", imaging, Shipped("air_coupled_200khz"), "--plot", "31", "-o", Path("a.json")});
+  const QJsonArray designs =
+      QJsonDocument::fromJson(QByteArray::fromStdString(ReadFile(Path("a.json"))))
+          .object()["designs"]
+          .toArray();
+  ASSERT_EQ(designs.size(), 2);
+  const QJsonObject first = designs[0].toObject()["measurements"].toArray()[0].toObject();
+  const QJsonObject held = designs[1].toObject()["measurements"].toArray()[0].toObject();
+  EXPECT_EQ(first["unit"].toString(), "MHz");
+  EXPECT_NEAR(first["value"].toString().toDouble(), 5, 1);
+  EXPECT_EQ(held["unit"].toString(), "kHz");
+  EXPECT_NEAR(held["value"].toString().toDouble(), 200, 40);
+}
+
 TEST_F(BatchCompare, RefusesMoreThanSevenDesigns) {
   Words words{"compare", "--plot", "31", "-o", Path("all.png")};
   words.insert(words.begin() + 1, 8, imaging);
@@ -108,6 +123,24 @@ TEST_F(BatchCompare, TellsADesignThatCannotShowThePlotAndDrawsTheOthers) {
       Run({"compare", burst, Path("missing.dat"), "--plot", "31", "-o", Path("all.png")});
   EXPECT_EQ(missing.status, 1);
   EXPECT_EQ(ReadFile(Path("all.png")), "");
+}
+
+TEST_F(BatchCompare, PutsNoDesignInThePlaceOfOneThatCannotBeRead) {
+  const std::string missing = Path("missing.dat");
+  for (const Words& designs : {Words{imaging, burst, missing}, Words{missing, burst}}) {
+    Words words{"compare"};
+    words.insert(words.end(), designs.begin(), designs.end());
+    words.insert(words.end(), {"--plot", "31", "-o", Path("all.csv")});
+    const Outcome refused = Run(words);
+    EXPECT_EQ(refused.status, 1);
+    EXPECT_NE(refused.err.find("missing.dat could not be read"), std::string::npos) << refused.err;
+    EXPECT_TRUE(Names().empty()) << "nothing is written";
+  }
+}
+
+TEST_F(BatchCompare, ReadsADesignAgainThatIsNamedTwice) {
+  Output({"compare", imaging, imaging, imaging, "--plot", "31", "-o", Path("twice.csv")});
+  EXPECT_NE(ReadFile(Path("twice.csv")).find("x 2,y1 2"), std::string::npos);
 }
 
 TEST_F(BatchCompare, NeverOverwritesOneOfItsDesigns) {
