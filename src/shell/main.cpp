@@ -1,7 +1,6 @@
 #include <QApplication>
 #include <QFile>
 #include <cstdio>
-#include <filesystem>
 
 #include "shell/program.h"
 
@@ -14,7 +13,7 @@ int main(int argc, char** argv) {
     return 2;
   }
   const QString folder = QCoreApplication::applicationDirPath();
-  const std::string design = argc == 2 ? std::filesystem::absolute(argv[1]).string() : "";
+  const std::string design = argc == 2 ? halvorne::DesignNamedAtStart(argv[1]) : "";
   return halvorne::RunProgram(halvorne::FindProgramPlace(QFile::encodeName(folder).toStdString()),
                               design);
 }

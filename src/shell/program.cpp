@@ -4,7 +4,9 @@
 #include <QTimer>
 #include <csignal>
 #include <exception>
+#include <filesystem>
 #include <memory>
+#include <system_error>
 
 #include "platform/paths.h"
 #include "platform/qt/help_viewer.h"
@@ -32,6 +34,12 @@ std::filesystem::path WorkingFolder(const ProgramPlace& place) {
 }
 
 }  // namespace
+
+std::string DesignNamedAtStart(const char* word) {
+  std::error_code failed;
+  const std::filesystem::path path = std::filesystem::absolute(word, failed);
+  return failed ? word : path.string();
+}
 
 int RunProgram(const ProgramPlace& place, const std::string& design) {
 #ifdef SIGXFSZ

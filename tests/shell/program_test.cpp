@@ -60,6 +60,20 @@ class Program : public WindowTest {
   QTimer soon_;
 };
 
+TEST_F(Program, KnowsTheDesignItIsStartedWithByItsWholePath) {
+  const std::filesystem::path before = std::filesystem::current_path();
+  std::filesystem::current_path("/");
+  EXPECT_EQ(DesignNamedAtStart("some/design.dat"), "/some/design.dat");
+  EXPECT_EQ(DesignNamedAtStart("/some/design.dat"), "/some/design.dat");
+  EXPECT_EQ(DesignNamedAtStart(""), "") << "a script whose variable is empty opens nothing";
+  const std::filesystem::path gone = Folder() / "gone";
+  std::filesystem::create_directory(gone);
+  std::filesystem::current_path(gone);
+  std::filesystem::remove(gone);
+  EXPECT_EQ(DesignNamedAtStart("design.dat"), "design.dat");
+  std::filesystem::current_path(before);
+}
+
 TEST_F(Program, EndsWhenItsWindowIsClosed) {
   EXPECT_EQ(Run([](frmHalvorneMain& window) { window.close(); }), 0);
   EXPECT_EQ(FormCount("frmHalvorneMain"), 0);
