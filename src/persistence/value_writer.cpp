@@ -44,17 +44,14 @@ void ValueWriter::Close() {
 void ValueWriter::Texts(std::initializer_list<std::string> values) {
   for (const std::string& value : values) {
     Write(value);
-    Put(",");
+    Put(',');
   }
   --used_;
   EndLine();
 }
 
-char* ValueWriter::Room(std::size_t count) {
-  if (used_ + count > text_.size()) {
-    text_.resize(std::max(used_ + count, 2 * text_.size() + kLeastRoom));
-  }
-  return text_.data() + used_;
+void ValueWriter::MakeRoom(std::size_t count) {
+  text_.resize(std::max(used_ + count, 2 * text_.size() + kLeastRoom));
 }
 
 void ValueWriter::Put(std::string_view characters) {
@@ -63,14 +60,14 @@ void ValueWriter::Put(std::string_view characters) {
 }
 
 void ValueWriter::Write(std::string_view value) {
-  Put("\"");
+  Put('"');
   for (std::size_t quote; (quote = value.find('"')) != std::string_view::npos;) {
     Put(value.substr(0, quote));
     Put("''");
     value.remove_prefix(quote + 1);
   }
   Put(value);
-  Put("\"");
+  Put('"');
 }
 
 void ValueWriter::Write(double value) {
@@ -94,7 +91,8 @@ void ValueWriter::Write(bool value) {
 }
 
 void ValueWriter::EndLine() {
-  Put("\r\n");
+  Put('\r');
+  Put('\n');
   if (file_ != nullptr && used_ >= kBlock) {
     HandOver();
   }

@@ -29,7 +29,7 @@ class ValueWriter {
   template <class First, class... Rest>
   void Line(const First& first, const Rest&... rest) {
     Write(first);
-    ((Put(","), Write(rest)), ...);
+    ((Put(','), Write(rest)), ...);
     EndLine();
   }
 
@@ -59,9 +59,19 @@ class ValueWriter {
   void Write(std::int32_t value);
   void Write(bool value);
   void EndLine();
+  void Put(char character) {
+    *Room(1) = character;
+    ++used_;
+  }
   void Put(std::string_view characters);
   /// Where the next `count` characters go.
-  char* Room(std::size_t count);
+  char* Room(std::size_t count) {
+    if (text_.size() - used_ < count) [[unlikely]] {
+      MakeRoom(count);
+    }
+    return text_.data() + used_;
+  }
+  void MakeRoom(std::size_t count);
   void HandOver() noexcept;
   void CloseFile() noexcept;
 

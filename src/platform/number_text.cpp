@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <array>
-#include <bit>
 #include <charconv>
 #include <clocale>
 #include <cmath>
@@ -10,79 +9,27 @@
 #include <cstdlib>
 #include <cstring>
 
+#include "platform/digit_text.h"
 #include "platform/failure.h"
 #include "platform/significant_digits.h"
 
 namespace halvorne {
 namespace {
 
-constexpr int kDigitRoom = 16;
-
-/// Digits as characters, with room to copy as many from any of them on.
-struct DigitText {
-  char characters[2 * kDigitRoom];
-  int count;  ///< without the zeros at their end, at least 1
-};
-
-/// Eight decimal digits, one in each byte, the first one lowest. Halves, then pairs, then single
-/// digits are taken apart in all places at once; 10486 / 2^20 and 103 / 2^10 are near enough to
-/// 1 / 100 and 1 / 10 for numbers of four and of two digits.
-std::uint64_t SingleDigits(std::uint64_t eightDigits) {
-  constexpr std::uint64_t eachHalf = 0x0000007F0000007FU;
-  constexpr std::uint64_t eachPair = 0x000F000F000F000FU;
-  const std::uint64_t halves = eightDigits / 10000 | eightDigits % 10000 << 32;
-  const std::uint64_t hundreds = halves * 10486 >> 20 & eachHalf;
-  const std::uint64_t pairs = hundreds | (halves - 100 * hundreds) << 16;
-  const std::uint64_t tens = pairs * 103 >> 10 & eachPair;
-  return tens | (pairs - 10 * tens) << 8;
-}
-
-/// Stores eight such digits as characters.
-void StoreDigits(std::uint64_t digits, char* out) {
-  if constexpr (std::endian::native == std::endian::big) {
-    for (int i = 0; i < 8; ++i) {
-      out[i] = static_cast<char>('0' + (digits >> 8 * i & 0xF));
-    }
-  } else {
-    digits |= 0x3030303030303030U;
-    std::memcpy(out, &digits, sizeof digits);
-  }
-}
-
-/// The characters of a number of so many digits, 1 to 16.
-DigitText ToText(std::uint64_t number, int digits) {
-  constexpr std::uint64_t eight = 100000000;
-  static constexpr std::array<std::uint64_t, 10> powers = {
-      1, 10, 100, 1000, 10000, 100000, 1000000, 10000000, eight, 10 * eight};
-  number *= powers[kDigitRoom - digits];
-  const std::uint64_t first = SingleDigits(number / eight);
-  const std::uint64_t second = SingleDigits(number % eight);
-  DigitText text{};
-  StoreDigits(first, text.characters);
-  StoreDigits(second, text.characters + 8);
-  text.count = second != 0 ? 16 - std::countl_zero(second) / 8 : 8 - std::countl_zero(first) / 8;
-  return text;
-}
-
 /// Digits with the point behind the first exponent + 1 of them, -4 <= exponent <= 14; those before
-/// the point are written even where they are zeros at the end. Copies more than it needs, since a
+/// the point are written even where they are zeros at the end. Stores more than it needs, since a
 /// copy of fixed length costs less than one that has to be counted.
-char* WriteFixed(char* out, const DigitText& digits, int exponent) {
+inline char* WriteFixed(char* out, const DigitText& digits, int exponent) {
   if (exponent < 0) {
     constexpr std::array zeros = {'0', '.', '0', '0', '0'};
     std::memcpy(out, zeros.data(), zeros.size());
     out += 1 - exponent;
-    std::memcpy(out, digits.characters, kDigitRoom);
+    StoreDigits(digits, out);
     return out + digits.count;
   }
-  std::memcpy(out, digits.characters, kDigitRoom);
   const int whole = exponent + 1;
-  if (digits.count <= whole) {
-    return out + whole;
-  }
-  std::memcpy(out + whole + 1, digits.characters + whole, kDigitRoom);
-  out[whole] = '.';
-  return out + digits.count + 1;
+  StoreWithPoint(digits, whole, out);
+  return out + (digits.count > whole ? digits.count + 1 : whole);
 }
 
 /// Digits with the point behind the first, and a power of ten of two digits.
@@ -96,7 +43,7 @@ char* WriteScientific(char* out, const DigitText& digits, int exponent) {
   return out;
 }
 
-char* WriteDigits(char* out, const SignificantDigits& number, int most) {
+inline char* WriteDigits(char* out, const SignificantDigits& number, int most) {
   const DigitText digits = ToText(number.digits, most);
   const bool fixed = number.exponent >= -4 && number.exponent < most;
   return fixed ? WriteFixed(out, digits, number.exponent)
@@ -118,10 +65,17 @@ char* WriteByLibrary(char* out, double value, int digits) {
 
 /// @param digits  the most that are written
 /// @param whole   whole numbers below it in magnitude need no more than these
-char* WriteGeneral(char* out, double value, int digits, double whole) {
+inline char* WriteGeneral(char* out, double value, int digits, double whole) {
   const double magnitude = std::fabs(value);
-  if (magnitude < whole && value == std::trunc(value)) {
-    return std::to_chars(out, out + kNumberTextMax, static_cast<std::int64_t>(value)).ptr;
+  if (magnitude < whole) {
+    const auto number = static_cast<std::int64_t>(value);
+    if (static_cast<double>(number) == value) {
+      if (number >= 0 && number < 10) {
+        *out = static_cast<char>('0' + number);
+        return out + 1;
+      }
+      return std::to_chars(out, out + kNumberTextMax, number).ptr;
+    }
   }
   if (const auto leading = LeadingDigits(magnitude, digits)) {
     *out = '-';

@@ -111,7 +111,9 @@ TEST(Layering, NoRoomIncludesAHigherOne) {
 }
 
 TEST(Layering, TheCoreNeedsNothingButTheStandardLibrary) {
-  static const std::regex standard("[a-z_0-9]+");
+  // <emmintrin.h> is the compiler's own, for what every x86-64 has; its user has a plain loop
+  // beside it.
+  static const std::regex standard(R"([a-z_0-9]+|emmintrin\.h)");
   int includes = 0;
   for (const SourceFile& file : SourceFiles("src")) {
     const Room* const user = RoomOf(BelowSource(file));
