@@ -9,6 +9,11 @@
 #include "platform/number_text.h"
 
 namespace halvorne {
+namespace {
+
+constexpr double kMostOhms = 1e9;
+
+}  // namespace
 
 frmTouchstone::frmTouchstone(double reference, QWidget* parent)
     : ModalDialog("frmTouchstone", QStringLiteral("Save Impedance"), parent) {
@@ -44,9 +49,10 @@ frmTouchstone::frmTouchstone(double reference, QWidget* parent)
 
 void frmTouchstone::cmdTouchstoneOK_Click() try {
   const double value = BoxValue(txtReference);
-  if (!(value > 0) || value > 1e9) {
+  if (!(value > 0) || value > kMostOhms) {
     messages().Show({.title = "Save Impedance",
-                     .text = "The reference must be above 0 Ohms.",
+                     .text = value > kMostOhms ? "The reference must be 1000 MOhms at most."
+                                               : "The reference must be above 0 Ohms.",
                      .icon = MessageIcon::kExclamation});
     txtReference->setFocus();
     txtReference->selectAll();

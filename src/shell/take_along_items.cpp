@@ -58,6 +58,11 @@ std::string PictureBytes(PictureFormat format, const PictureBox& picture) {
   return bytes.toStdString();
 }
 
+/// Whether there is anything to save; not so once the waveform of a design was refused at opening.
+bool PlotOnShow() {
+  return DesignIsOpen() && mainWindow().PlotTypeIndex() >= 0;
+}
+
 void mnuGraphSavePicture_Click(PictureBox* picture) try {
   const std::string name =
       AskForName(picture->window(), "Save Picture As",
@@ -111,11 +116,13 @@ void AddTakeAlongItems(GraphMenu& menu, PictureBox* picture) {
   menu.Add({.group = GraphGroup::kTakeAlong,
             .name = "mnuGraphSavePicture",
             .caption = QStringLiteral("&Save Picture As..."),
-            .procedure = [picture] { mnuGraphSavePicture_Click(picture); }});
+            .procedure = [picture] { mnuGraphSavePicture_Click(picture); },
+            .available = PlotOnShow});
   menu.Add({.group = GraphGroup::kTakeAlong,
             .name = "mnuGraphSaveCsv",
             .caption = QStringLiteral("Save &Data as CSV..."),
-            .procedure = [picture] { mnuGraphSaveCsv_Click(picture->window()); }});
+            .procedure = [picture] { mnuGraphSaveCsv_Click(picture->window()); },
+            .available = PlotOnShow});
   menu.Add({.group = GraphGroup::kTakeAlong,
             .name = "mnuGraphSaveTouchstone",
             .caption = QStringLiteral("Save &Impedance as Touchstone..."),

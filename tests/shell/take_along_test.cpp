@@ -96,6 +96,25 @@ TEST_F(TakeAlong, TellsAFolderThatIsNotThere) {
   ChooseFromGraphMenu("mnuGraphSaveCsv");
 }
 
+TEST_F(TakeAlong, HasNoPictureOrValuesToSaveWhenTheWaveformWasRefusedAtOpening) {
+  StartWithDesign();
+  ClickMenu("mnuViewTxWfm");
+  design.NoTimePts = 100;  // 12.5 MHz for a sweep up to 9 MHz
+  script.ExpectFileDialog("Save As", Data("slow.dat").string());
+  ClickMenu("mnuFileItem(2)");
+  ClickMenu("mnuFileItem(0)");
+  script.ExpectFileDialog("File Open", Data("slow.dat").string());
+  script.ExpectForm(
+      "MsgBox", [](QWidget& box) { Press(static_cast<QMessageBox&>(box), QMessageBox::Cancel); });
+  ClickMenu("mnuFileItem(1)");
+  ASSERT_TRUE(plot.DesignOpen);
+  OpenMenu();
+  EXPECT_FALSE(Action("mnuGraphSavePicture")->isEnabled());
+  EXPECT_FALSE(Action("mnuGraphSaveCsv")->isEnabled());
+  EXPECT_TRUE(Action("mnuGraphSaveTouchstone")->isEnabled()) << "the impedance is there";
+  CloseMenu();
+}
+
 TEST_F(TakeAlong, SavesTheImpedanceAgainstTheReferenceThatIsTyped) {
   StartWithDesign();
   script.ExpectForm("frmTouchstone", [](QWidget& window) {
@@ -125,6 +144,12 @@ TEST_F(TakeAlong, StaysAtAReferenceThatIsNone) {
                    .text = "The reference must be above 0 Ohms.",
                    .icon = QMessageBox::Warning});
     QTest::keyClicks(box, "0");
+    QTest::mouseClick(window.findChild<QPushButton*>("cmdTouchstoneOK"), Qt::LeftButton);
+    EXPECT_TRUE(window.isVisible());
+    script.Expect({.title = "Save Impedance",
+                   .text = "The reference must be 1000 MOhms at most.",
+                   .icon = QMessageBox::Warning});
+    QTest::keyClicks(box, "2e9");
     QTest::mouseClick(window.findChild<QPushButton*>("cmdTouchstoneOK"), Qt::LeftButton);
     EXPECT_TRUE(window.isVisible());
     QTest::mouseClick(window.findChild<QPushButton*>("cmdTouchstoneCancel"), Qt::LeftButton);
