@@ -16,10 +16,12 @@ namespace {
 namespace fs = std::filesystem;
 
 std::string Numbered(const char* stem, const Shard& shard, const char* ending) {
-  const std::string numbers =
-      shard.count == 1 ? ""
-                       : "-" + std::to_string(shard.number) + "-of-" + std::to_string(shard.count);
-  return stem + numbers + ending;
+  std::string name = stem;
+  if (shard.count > 1) {
+    name.append("-").append(std::to_string(shard.number));
+    name.append("-of-").append(std::to_string(shard.count));
+  }
+  return name + ending;
 }
 
 [[noreturn]] void RaiseUnwritten(const std::string& name, const std::error_code& why) {

@@ -43,10 +43,10 @@ std::string Words(const std::string& complaint, const nlohmann::json& value) {
     return std::string("a ") + value.type_name() + " cannot stand here";
   }
   if (complaint.starts_with("Missing required property")) {
-    return "'" + NameAtEnd(complaint) + "' is missing";
+    return std::string("'").append(NameAtEnd(complaint)).append("' is missing");
   }
   if (complaint.starts_with("Object contains a property")) {
-    return "there is no '" + NameAtEnd(complaint) + "' here";
+    return std::string("there is no '").append(NameAtEnd(complaint)).append("' here");
   }
   std::string words = complaint;
   words.front() = static_cast<char>(std::tolower(static_cast<unsigned char>(words.front())));
@@ -78,7 +78,11 @@ std::string AtLine(const JsonSource& source, const std::string& path, const std:
     const std::size_t cut = there.find_last_of(".[");
     there = cut == std::string::npos ? "" : there.substr(0, cut);
   }
-  return std::to_string(source.lines.at(there)) + ": " + (path.empty() ? "" : path + ": ") + what;
+  std::string text = std::to_string(source.lines.at(there)).append(": ");
+  if (!path.empty()) {
+    text.append(path).append(": ");
+  }
+  return text + what;
 }
 
 std::vector<std::string> AgainstSchema(const JsonSource& source) {
