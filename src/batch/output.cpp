@@ -101,8 +101,11 @@ void WriteOutputOnceAsked(const Session& session, const char* title,
     MayOverwrite(request.out, title);  // tells its question, whose answer here is No
     throw CommandFailed(request.out + " exists and is left alone; --force overwrites it");
   }
+  const int failuresBefore = session.messages.FailureCount();
+  const bool wouldReplace = IsNameTaken(request.out) && !IsWrittenTo(request.out);
   const std::string bytes = make();
-  if (session.messages.FailureCount() > session.failuresOfFirstPlot) {
+  if (session.messages.FailureCount() > failuresBefore ||
+      (wouldReplace && failuresBefore > session.failuresOfFirstPlot)) {
     throw CommandFailed(request.out + " was not written");
   }
   WriteFile(request.out, bytes);
