@@ -97,7 +97,8 @@ double ReadOutRoom(const Surface& surface) {
 /// Blanks that erase whatever read-out stood in that room.
 std::string BlanksOver(const Surface& surface) {
   const double count = std::ceil(Quotient(ReadOutRoom(surface), surface.TextWidth(" ")));
-  return std::string(static_cast<std::size_t>(count), ' ');
+  std::string blanks(static_cast<std::size_t>(count), ' ');
+  return blanks;
 }
 
 /// Prints a read-out with its differences on its line, in smaller letters where they don't fit.

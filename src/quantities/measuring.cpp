@@ -187,7 +187,7 @@ void MeasureList::Take(std::span<double> values) const {
     try {
       if (before == nullptr || Preparation(*before) != Preparation(measure)) {
         before = &measure;
-        prepared = false;
+        prepared = false;  // NOLINT(clang-analyzer-deadcode.DeadStores): counts if Prepare raises
         prepared = Prepare(measure);
       }
       const double value = prepared ? ValueOf(measure) : kNone;

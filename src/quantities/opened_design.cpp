@@ -123,9 +123,8 @@ void OpenedDesign::PutBack() {
   kept_->chains.PutInto(design);
   // Backwards, so that a field that was set twice ends with its first value; and last, since a
   // field that was set may be a derived one too.
-  for (auto change = changed_.rbegin(); change != changed_.rend(); ++change) {
-    StoreFieldValue(change->first, change->second);
-  }
+  std::for_each(changed_.rbegin(), changed_.rend(),
+                [](const auto& change) { StoreFieldValue(change.first, change.second); });
   changed_.clear();
   derived_ = kNothing;
   design.CalcDateTime = kept_->stamp;

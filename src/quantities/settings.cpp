@@ -101,7 +101,7 @@ NamedField FindNamedField(const std::string& name) {
 }
 
 Setting SettingOf(const NamedField& field, double number) {
-  const Setting setting{field.place, NumberAsFieldValue(field.place, number), field.derived};
+  Setting setting{field.place, NumberAsFieldValue(field.place, number), field.derived};
   CheckRule(field, setting.value);
   return setting;
 }
@@ -112,8 +112,7 @@ Setting ReadSetting(const std::string& text) {
     throw WrongInput("it is not of the form NAME=VALUE");
   }
   const NamedField field = FindNamedField(text.substr(0, equals));
-  const Setting setting{field.place, ReadFieldValue(field.place, text.substr(equals + 1)),
-                        field.derived};
+  Setting setting{field.place, ReadFieldValue(field.place, text.substr(equals + 1)), field.derived};
   CheckRule(field, setting.value);
   return setting;
 }

@@ -3,6 +3,7 @@
 #include <array>
 #include <cmath>
 #include <numbers>
+#include <numeric>
 
 namespace halvorne {
 namespace {
@@ -48,11 +49,8 @@ constexpr Coefficients kF{1,
                           2.04426310338993978564e-15};
 
 double Polynomial(const Coefficients& coefficients, double x) {
-  double sum = 0;
-  for (auto k = coefficients.rbegin(); k != coefficients.rend(); ++k) {
-    sum = sum * x + *k;
-  }
-  return sum;
+  return std::accumulate(coefficients.rbegin(), coefficients.rend(), 0.0,
+                         [x](double sum, double next) { return sum * x + next; });
 }
 
 double Ratio(const Coefficients& above, const Coefficients& below, double x) {
