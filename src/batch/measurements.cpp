@@ -174,7 +174,7 @@ std::string MeasuresHelpText() {
     std::string unit(row.unit);
     name.resize(nameColumn, ' ');
     unit.resize(unitColumn, ' ');
-    text += "  " + name + unit + std::string(row.meaning) + "\n";
+    text.append("  ").append(name).append(unit).append(row.meaning).append("\n");
   }
   return text +
          "\n"

@@ -267,7 +267,9 @@ void ReadPlots(const JsonSource& source, Study& study) {
 
 void ReadSettings(const JsonSource& source, Study& study) {
   const Json settings = source.root.value("set", Json::object());
-  for (const auto& [name, value] : settings.items()) {
+  for (const auto& member : settings.items()) {
+    const std::string& name = member.key();
+    const Json& value = member.value();
     At(source, MemberPath("set", name), [&] {
       study.settings.push_back(
           value.is_string()    ? ReadSetting(name + "=" + value.get<std::string>())
@@ -333,7 +335,10 @@ Study ReadStudy(const std::string& text, const std::string& name) {
     const JsonSource source = ReadJson(text);
     std::string all;
     for (const std::string& complaint : AgainstSchema(source)) {
-      all += (all.empty() ? "" : "\n" + name + ":") + complaint;
+      if (!all.empty()) {
+        all.append("\n").append(name).append(":");
+      }
+      all += complaint;
     }
     if (!all.empty()) {
       throw WrongInput(all);

@@ -35,6 +35,7 @@ std::vector<double> Abscissae(const StudyPlot& plot) {
   const int points =
       static_cast<int>(std::clamp(std::round((to - from) / each) + 1, kFewestPoints, kMostPoints));
   std::vector<double> abscissae;
+  abscissae.reserve(static_cast<std::size_t>(points));
   for (int k = 0; k < points; ++k) {
     abscissae.push_back(k + 1 == points ? to : from + (to - from) * k / (points - 1));
   }

@@ -22,7 +22,11 @@ std::string PathOf(const std::vector<std::string>& context) {
   for (std::size_t k = 1; k < context.size(); ++k) {
     const std::string name = context[k].substr(1, context[k].size() - 2);
     const bool index = std::ranges::all_of(name, [](unsigned char c) { return std::isdigit(c); });
-    path = index ? path + "[" + name + "]" : MemberPath(path, name);
+    if (index) {
+      path.append("[").append(name).append("]");
+    } else {
+      path = MemberPath(path, name);
+    }
   }
   return path;
 }

@@ -151,7 +151,7 @@ TEST_F(Mark, PlotsOverTimeHaveTheirOwn) {
 }
 
 TEST_F(Mark, ItsLineStandsInTheMainPictureWhereTheWindowShowsIt) {
-  const auto uprights = [this](SurfaceKind kind) {
+  const auto uprights = [](SurfaceKind kind) {
     HeadlessSurface surface(kind);
     PlotGraphOn(surface);
     std::vector<double> at;
