@@ -78,7 +78,7 @@ TEST(PixelPen, LeavesToThePainterWhatItDoesNotKnow) {
     const QImage before = page.copy();
     return !PaintWithPixelPen(page, line, colour) && page == before;
   };
-  const QPolygonF line({{10, 10}, {20, 80}});
+  const QPolygonF line(QList<QPointF>{{10, 10}, {20, 80}});
   ASSERT_FALSE(isLeft(Page(), line));
   EXPECT_TRUE(isLeft(Page(QImage::Format_RGB16), line)) << "two bytes for a pixel";
   EXPECT_TRUE(isLeft(Page(), line, qRgba(0, 0, 255, 128))) << "what is below shines through";
